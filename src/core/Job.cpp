@@ -1,0 +1,6 @@
+#include "Job.h"
+
+void RegisterJobType()
+{
+    qRegisterMetaType<Job>("Job");
+}

@@ -1,0 +1,249 @@
+#include "KabdataSettings.h"
+#include "ScriptedDialogs.h"
+#include "TestMain.h"
+#include "WorkFolders.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+namespace {
+void WriteFile(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    QVERIFY2(file.open(QIODevice::WriteOnly), qPrintable(path));
+    file.write(content);
+}
+
+QByteArray ReadFile(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
+}
+} // namespace
+
+class TestWorkFolders : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void defaultsApplyWithoutFile();
+    void unreadableKeysYieldTheirDefault_data();
+    void unreadableKeysYieldTheirDefault();
+    void settingsSurviveTheFile();
+    void foldersAreCreatedInOrder();
+    void aFailedFolderEndsTheWorkWithOneWarning();
+    void migrationCopiesAndKeepsTheSource();
+    void migrationRespectsNo();
+    void migrationOntoItselfRemovesNothing();
+    void importSortsBySuffix();
+    void importStopsAtTheFirstFailure();
+
+private:
+    void Log(const QString &text, int level) { lines.append(QString::number(level) + text); }
+    LogFunction Logger()
+    {
+        return [this](const QString &text, int level) { Log(text, level); };
+    }
+
+    QStringList lines;
+};
+
+void TestWorkFolders::init()
+{
+    lines.clear();
+}
+
+void TestWorkFolders::defaultsApplyWithoutFile()
+{
+    const QTemporaryDir folder;
+    const KabdataSettings settings(folder.filePath("kabdata.ini"));
+    QCOMPARE(settings.EthernetIp(), QString("127.0.0.1"));
+    QCOMPARE(settings.EthernetPort(), 47812U);
+    QCOMPARE(settings.InterfaceType(), 0);
+    QCOMPARE(settings.UpdateInterval(), 500);
+    QCOMPARE(settings.LogViewLevel(), 1);
+    QCOMPARE(settings.EbulaTolerance(), 50);
+    QCOMPARE(settings.UserAllowed(), QString("0"));
+    QVERIFY(settings.CheckVersion());
+    QVERIFY(settings.CorrectionTime());
+    QVERIFY(!settings.Startup());
+    QVERIFY(!settings.SendData());
+    QCOMPARE(settings.WorkFolder(), DataLocation());
+    QCOMPARE(settings.currentInterval, 0);
+}
+
+void TestWorkFolders::unreadableKeysYieldTheirDefault_data()
+{
+    QTest::addColumn<QByteArray>("line");
+    QTest::newRow("text for a number") << QByteArray("[interface]\nupdateinterval=abc\n");
+    QTest::newRow("zero would spin the timer") << QByteArray("[interface]\nupdateinterval=0\n");
+    QTest::newRow("negative would never fire") << QByteArray("[interface]\nupdateinterval=-5\n");
+    QTest::newRow("text for a truth value") << QByteArray("[main]\ncheckversion=perhaps\n");
+    QTest::newRow("text for a port") << QByteArray("[ethernet]\nport=http\n");
+    QTest::newRow("binary rubbish") << QByteArray("\x00\xff[=]\n=\n\\x", 11);
+}
+
+void TestWorkFolders::unreadableKeysYieldTheirDefault()
+{
+    QFETCH(QByteArray, line);
+    const QTemporaryDir folder;
+    WriteFile(folder.filePath("kabdata.ini"), line);
+    const KabdataSettings settings(folder.filePath("kabdata.ini"));
+    QCOMPARE(settings.UpdateInterval(), 500);
+    QVERIFY(settings.CheckVersion());
+    QCOMPARE(settings.EthernetPort(), 47812U);
+}
+
+void TestWorkFolders::settingsSurviveTheFile()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("kabdata.ini");
+    const QByteArray geometry("\x01\x00\xd9", 3);
+    {
+        KabdataSettings settings(path);
+        settings.SetWorkFolder(QString::fromUtf8("/Züge, alle/work"));
+        settings.SetWindowGeometry("EbuLa", geometry);
+        settings.SetTopmost(true);
+        settings.SetEthernetPort(50000);
+    }
+    const KabdataSettings settings(path);
+    QCOMPARE(settings.WorkFolder(), QString::fromUtf8("/Züge, alle/work"));
+    QCOMPARE(settings.WindowGeometry("EbuLa"), geometry);
+    QVERIFY(settings.WindowGeometry("MTD").isEmpty());
+    QVERIFY(settings.Topmost());
+    QCOMPARE(settings.EthernetPort(), 50000U);
+}
+
+void TestWorkFolders::foldersAreCreatedInOrder()
+{
+    const QTemporaryDir folder;
+    const QString work = folder.filePath("deep/work");
+    ScriptedDialogs dialogs;
+    CreateWorkFolders(work, nullptr, Logger());
+    const QStringList names{"",      "/roadsections",     "/records", "/traintimetables",
+                            "/lococonfig/", "/runningdistance/", "/tmp"};
+    QStringList expected;
+    for (const QString &name : names) {
+        QVERIFY(QDir(work + name).exists());
+        expected.append("1(Main) - Folder created: " + work + name);
+    }
+    QCOMPARE(lines, expected);
+
+    lines.clear();
+    CreateWorkFolders(work, nullptr, Logger());
+    QCOMPARE(lines.first(), "1(Main) - Folder founded: " + work);
+    QCOMPARE(lines.size(), names.size());
+    QVERIFY(dialogs.boxes.isEmpty());
+}
+
+void TestWorkFolders::aFailedFolderEndsTheWorkWithOneWarning()
+{
+    const QTemporaryDir folder;
+    WriteFile(folder.filePath("records"), "a file where a folder should be");
+    ScriptedDialogs dialogs;
+    CreateWorkFolders(folder.path(), nullptr, Logger());
+    QCOMPARE(dialogs.BoxTexts(),
+             QStringList{"Cannot create folder\n"
+                         + QDir::toNativeSeparators(folder.path() + "/records")});
+    QVERIFY(!QDir(folder.filePath("traintimetables")).exists());
+}
+
+void TestWorkFolders::migrationCopiesAndKeepsTheSource()
+{
+    const QTemporaryDir folder;
+    const QString from = folder.filePath("old");
+    const QString to = folder.filePath("new");
+    QDir().mkpath(from + "/roadsections/subfolder");
+    QDir().mkpath(from + "/records");
+    CreateWorkFolders(to, nullptr, Logger());
+    WriteFile(from + "/roadsections/a.sfp", "old a");
+    WriteFile(from + "/roadsections/b.sfp", "old b");
+    WriteFile(to + "/roadsections/b.sfp", "new b");
+    WriteFile(from + "/locos.cfg", "assignments");
+
+    lines.clear();
+    ScriptedDialogs dialogs;
+    dialogs.answers = {UserDialogs::Answer::Yes, UserDialogs::Answer::Yes};
+    MigrateWorkFolder(from, to, nullptr, Logger());
+
+    QCOMPARE(dialogs.boxes.size(), 2); // only for the two folders that exist
+    QCOMPARE(dialogs.boxes[0].text,
+             QString("Altes Verzeichnis gefunden.\n%1\nSollen alle Dateien ins neue "
+                     "Arbeitsverzeichnis kopiert werden?")
+                 .arg(from + "/roadsections"));
+    QCOMPARE(ReadFile(to + "/roadsections/a.sfp"), QByteArray("old a"));
+    QCOMPARE(ReadFile(to + "/roadsections/b.sfp"), QByteArray("new b"));
+    QCOMPARE(ReadFile(from + "/roadsections/a.sfp"), QByteArray("old a"));
+    QVERIFY2(!QDir(from + "/records").exists(), "an empty source folder goes");
+    QVERIFY(lines.contains("1(Main) - moved file from " + from + "/roadsections/a.sfp to " + to
+                           + "/roadsections/a.sfp"));
+    QVERIFY(lines.contains("1(Main) - can not moving file from " + from + "/roadsections/b.sfp to "
+                           + to + "/roadsections/b.sfp"));
+    QCOMPARE(ReadFile(to + "/locos.cfg"), QByteArray("assignments"));
+
+    WriteFile(from + "/locos.cfg", "other");
+    MigrateWorkFolder(from, to, nullptr, Logger());
+    QCOMPARE(ReadFile(to + "/locos.cfg"), QByteArray("assignments"));
+}
+
+void TestWorkFolders::migrationRespectsNo()
+{
+    const QTemporaryDir folder;
+    QDir().mkpath(folder.filePath("old/records"));
+    ScriptedDialogs dialogs;
+    dialogs.answers = {UserDialogs::Answer::No};
+    MigrateWorkFolder(folder.filePath("old"), folder.filePath("new"), nullptr, Logger());
+    QVERIFY2(QDir(folder.filePath("old/records")).exists(), "No leaves the source in place");
+}
+
+void TestWorkFolders::migrationOntoItselfRemovesNothing()
+{
+    const QTemporaryDir folder;
+    CreateWorkFolders(folder.path(), nullptr, Logger());
+    ScriptedDialogs dialogs;
+    MigrateWorkFolder(folder.path(), folder.path() + "/.", nullptr, Logger());
+    QVERIFY(dialogs.boxes.isEmpty());
+    QVERIFY(QDir(folder.filePath("roadsections")).exists());
+}
+
+void TestWorkFolders::importSortsBySuffix()
+{
+    const QTemporaryDir folder;
+    const QString work = folder.filePath("work");
+    CreateWorkFolders(work, nullptr, Logger());
+    QStringList files;
+    for (const char *name : {"a.cfg", "b.brh", "c.sfp", "d.tfp", "e.dist", "f.txt"}) {
+        files.append(folder.filePath(name));
+        WriteFile(files.last(), name);
+    }
+    const QString report = ImportFiles(files, work);
+    for (const char *target : {"lococonfig/a.cfg", "lococonfig/b.brh", "roadsections/c.sfp",
+                               "traintimetables/d.tfp", "runningdistance/e.dist"}) {
+        QVERIFY2(QFile::exists(work + "/" + target), target);
+        QVERIFY2(report.contains(" -> " + work + "/" + target + "\n"), qPrintable(report));
+    }
+    QVERIFY(report.contains(files.last() + " falsches Dateiformat\n"));
+}
+
+void TestWorkFolders::importStopsAtTheFirstFailure()
+{
+    const QTemporaryDir folder;
+    const QString work = folder.filePath("work");
+    CreateWorkFolders(work, nullptr, Logger());
+    for (const char *name : {"a.cfg", "b.cfg", "c.cfg"})
+        WriteFile(folder.filePath(name), name);
+    WriteFile(work + "/lococonfig/b.cfg", "kept");
+    const QString report
+        = ImportFiles({folder.filePath("x.doc"), folder.filePath("a.cfg"), folder.filePath("b.cfg"),
+                       folder.filePath("c.cfg")},
+                      work);
+    QVERIFY2(QFile::exists(work + "/lococonfig/a.cfg"), "a wrong suffix does not end the import");
+    QCOMPARE(ReadFile(work + "/lococonfig/b.cfg"), QByteArray("kept"));
+    QVERIFY(!QFile::exists(work + "/lococonfig/c.cfg"));
+    QCOMPARE(report.count('\n'), 3);
+}
+
+ZUGBLICK_TEST_MAIN(TestWorkFolders)
+#include "tst_workfolders.moc"
