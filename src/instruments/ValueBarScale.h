@@ -8,7 +8,7 @@
 /// One tick of the scale, `offset` above the smallest value in value units.
 struct ValueBarMark
 {
-    int offset = 0;
+    qint64 offset = 0;
     bool major = false;
 };
 
