@@ -133,7 +133,9 @@ public:
 private:
     int Answer(const QString &operation, QString &text)
     {
-        text = operation + QLatin1Char(' ') + text;
+        // Swapped in, so that the request's last reference goes in code that ThreadSanitizer sees.
+        QString answer = operation + QLatin1Char(' ') + text;
+        text.swap(answer);
         if (simulator.Visit(text))
             emit sigDisconnected();
         return InterfaceOk;
