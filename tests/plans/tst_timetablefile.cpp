@@ -215,6 +215,10 @@ void TestTimeTableFile::routePlanRowsMayBeShort_data()
                                                   << "0|0|0|0|0|n||0|0|";
     QTest::newRow("a decimal comma is no number") << "4;1,5;2;3;80;n"
                                                   << "4|0|2|3|80|n||0|0|";
+    QTest::newRow("numbers may have a sign and blanks") << "+4; 1.5;-2 ;3e0; 80;n"
+                                                        << "4|1.5|-2|3|80|n||0|0|";
+    QTest::newRow("hexadecimal and cut numbers are none") << "0x4;0x1;1.5x;-;2147483648;n"
+                                                          << "0|0|0|0|0|n||0|0|";
     QTest::newRow("texts are not trimmed") << "4;1;2;3;80; n ; S "
                                            << "4|1|2|3|80| n | S |0|0|";
     QTest::newRow("only separators") << ";;;;;"
