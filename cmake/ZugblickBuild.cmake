@@ -34,6 +34,9 @@ if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     target_compile_options(zugblick_options INTERFACE
       -Wsuggest-override -Wduplicated-cond -Wlogical-op -fpch-preprocess)
+  else()
+    # The logging macros of Qt leave the variadic part empty.
+    target_compile_options(zugblick_options INTERFACE -Wno-gnu-zero-variadic-macro-arguments)
   endif()
 endif()
 if(ZUGBLICK_SANITIZE)
