@@ -12,8 +12,6 @@ private slots:
     void fileNamesLoseWhatTheServerDoesNotBear();
     void stopTypesHaveLabelsAndTimes_data();
     void stopTypesHaveLabelsAndTimes();
-    void symbolsKeepTheirOddTips_data();
-    void symbolsKeepTheirOddTips();
     void routePlanBecomesATimetable();
 };
 
@@ -72,36 +70,6 @@ void TestPlanWords::stopTypesHaveLabelsAndTimes()
     QTEST(TimesOfStopType(type).departure, "departure");
 }
 
-void TestPlanWords::symbolsKeepTheirOddTips_data()
-{
-    QTest::addColumn<QString>("symbol");
-    QTest::addColumn<QString>("toolTip");
-
-    QTest::newRow("fallback level") << "¥"
-                                    << "Rückfallebene";
-    QTest::newRow("telephone") << "⭢"
-                               << "Telefon";
-    QTest::newRow("arrow to the left") << "⭠"
-                                       << "▽";
-    QTest::newRow("handset") << "✆"
-                             << "LZB";
-    QTest::newRow("triangle") << "▽"
-                              << "Tunnel";
-    QTest::newRow("the tips end before the symbols do") << "LZB"
-                                                        << "";
-}
-
-void TestPlanWords::symbolsKeepTheirOddTips()
-{
-    QFETCH(QString, symbol);
-    QFETCH(QString, toolTip);
-    const auto &words = PlanSymbolWords();
-    const auto found = std::find_if(words.cbegin(), words.cend(),
-                                    [&](const PlanWord &word) { return word.text == symbol; });
-    QVERIFY(found != words.cend());
-    QCOMPARE(found->toolTip, toolTip);
-}
-
 void TestPlanWords::routePlanBecomesATimetable()
 {
     RoadMap plan;
@@ -112,8 +80,6 @@ void TestPlanWords::routePlanBecomesATimetable()
     plan.Unit = UnitStatuteMile;
     RoadMapEntry entry;
     entry.index = 3;
-    entry.lat = 50.9F;
-    entry.lon = 7.0F;
     entry.elevation = 60.0F;
     entry.slope = 0.5F;
     entry.distance = kNoDistanceMark;
@@ -125,23 +91,18 @@ void TestPlanWords::routePlanBecomesATimetable()
 
     const TrainTimeTable table = ToTimeTable(plan);
     QCOMPARE(table.path, plan.path); // the tool tip of the load view finds the file by it
-    QCOMPARE(table.Name, plan.Name);
-    QCOMPARE(table.ScheduleID, plan.Name);
-    QCOMPARE(table.UID, plan.UID);
-    QCOMPARE(table.Version, plan.Version);
+    QCOMPARE((QStringList{table.Name, table.ScheduleID, table.UID, table.Version}),
+             (QStringList{plan.Name, plan.Name, plan.UID, plan.Version}));
     QCOMPARE(table.Unit, plan.Unit);
     QCOMPARE(table.FileType, 2);
     QCOMPARE(table.entries.size(), 1);
     const TimeTableEntry &row = table.entries.first();
     QCOMPARE(row.index, 3);
-    QCOMPARE(row.lat, 50.9F);
-    QCOMPARE(row.lon, 7.0F);
     QCOMPARE(row.distance, kNoDistanceMark);
     QCOMPARE(row.speed, 80);
     QCOMPARE(row.name + row.symbol + row.gradient, QString("EsigLZB<"));
     QCOMPARE(row.elevation, 0.0F);
     QCOMPARE(row.slope, 0.0F);
-    QCOMPARE(row.arrival + row.departure + row.remark, QString());
 }
 
 ZUGBLICK_TEST_MAIN(TestPlanWords)

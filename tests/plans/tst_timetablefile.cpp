@@ -32,7 +32,6 @@ private slots:
     void headerReaderKeepsWhatAFileDoesNotName();
     void failedWritesShowTheirBoxAndKeepTheFile();
     void fullDiskLeavesTheOldFile();
-    void bothPathsAreRemembered();
 };
 
 namespace {
@@ -324,6 +323,7 @@ void TestTimeTableFile::readingResetsOnlyAfterOpening()
     QVERIFY(!file.ReadTimeTable(folder.filePath("missing.tfp"), plan, false));
     QCOMPARE(plan.Name, QString("before"));
     QCOMPARE(plan.path, path);
+    QCOMPARE(file.TimeTablePath(), folder.filePath("missing.tfp"));
     QVERIFY(dialogs.boxes.isEmpty()); // the caller words the message
 
     QVERIFY(file.ReadTimeTable(plan.path, plan, false));
@@ -398,19 +398,6 @@ void TestTimeTableFile::fullDiskLeavesTheOldFile()
     QCOMPARE(dialogs.boxes.size(), 1);
     QCOMPARE(Content(path), before);
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{"x.tfp"});
-}
-
-void TestTimeTableFile::bothPathsAreRemembered()
-{
-    TimeTableFile file;
-    RoadMap roadMap;
-    TrainTimeTable table;
-    QVERIFY(!file.ReadRoadMap("/none/a.sfp", roadMap));
-    QVERIFY(!file.ReadTimeTable("/none/b.tfp", table, true));
-    QCOMPARE(file.RoadMapPath(), QString("/none/a.sfp"));
-    QCOMPARE(file.TimeTablePath(), QString("/none/b.tfp"));
-    QVERIFY(!file.ReadTimeTableHeader("/none/c.tfp", table));
-    QCOMPARE(file.TimeTablePath(), QString("/none/c.tfp"));
 }
 
 ZUGBLICK_TEST_MAIN(TestTimeTableFile)
