@@ -221,4 +221,4 @@ void TestIndicators::gaugesFillTheWindow()
 }
 
 ZUGBLICK_TEST_MAIN(TestIndicators)
-#include "tst_indicators.moc"
+#include "tst_pressureindicators.moc"
