@@ -77,6 +77,18 @@ public:
         return lines;
     }
 
+    /// Waits for replies without going to sleep, to be back as early as can be.
+    bool SpinForReplies(int count)
+    {
+        const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+        while (answered < count) {
+            if (std::chrono::steady_clock::now() > end)
+                return false;
+            std::this_thread::yield();
+        }
+        return true;
+    }
+
     std::function<void(const Job &)> onReply; ///< runs on the worker's thread
 
 private:
@@ -87,6 +99,7 @@ private:
         const std::lock_guard<std::mutex> lock(mutex);
         replies.append(job);
         changed.notify_all();
+        ++answered;
     }
     void TakeLine(const QString &text, int level)
     {
@@ -100,11 +113,35 @@ private:
     std::mutex mutex;
     std::condition_variable changed;
     QVector<Job> replies;
+    std::atomic<int> answered{0};
     QList<int> prefixLevels;
     QStringList lines;
 
 public:
     TSClientThread thread; ///< last, so that it has ended before the rest goes
+};
+
+/// Holds threads up until another one opens it.
+class Gate
+{
+public:
+    void Open()
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        open = true;
+        changed.notify_all();
+    }
+    bool Pass()
+    {
+        std::unique_lock<std::mutex> lock(mutex);
+        return changed.wait_until(lock, std::chrono::system_clock::now() + std::chrono::seconds(60),
+                                  [this] { return open; });
+    }
+
+private:
+    std::mutex mutex;
+    std::condition_variable changed;
+    bool open = false;
 };
 
 InterfaceFactory FakeFactory(FakeSimulator &simulator)
@@ -139,6 +176,7 @@ private slots:
     void aLostConnectionAnswersAllJobs();
     void everyStartIsAnswered_data();
     void everyStartIsAnswered();
+    void aStartInTheLastStepsOfARunIsNotLost();
     void aReplyMayQueueTheNextJob();
     void destructionDropsTheQueueAndWaits();
 
@@ -338,6 +376,8 @@ void TestClientThread::disconnectOvertakesTheQueue()
         simulator.Close();
         worker.Add(JobLocoName).thread.start();
         simulator.WaitForVisitor();
+    } else {
+        QVERIFY(worker.thread.wait());
     }
     for (int count = 0; count < 50; ++count)
         worker.Add(JobTrainData);
@@ -404,10 +444,50 @@ void TestClientThread::everyStartIsAnswered()
     for (int started = 0; started < kStarts; started += burst) {
         for (int each = 0; each < burst; ++each)
             worker.Add(JobTrainData).thread.start();
-        QVERIFY2(worker.WaitForReplies(1 + started + burst),
+        QVERIFY2(worker.SpinForReplies(1 + started + burst),
                  qPrintable(QString("no reply to start %1").arg(started)));
     }
     QCOMPARE(worker.ReplyCount(), 1 + kStarts);
+}
+
+// The same moment held open: the run has seen the empty queue and has not returned yet.
+void TestClientThread::aStartInTheLastStepsOfARunIsNotLost()
+{
+    class LingeringThread : public TSClientThread
+    {
+    public:
+        using TSClientThread::TSClientThread;
+        Gate seenEmpty;
+        Gate mayReturn;
+
+    protected:
+        void run() override
+        {
+            TSClientThread::run();
+            seenEmpty.Open();
+            mayReturn.Pass();
+        }
+    };
+    LingeringThread thread(settings.get());
+    Gate answered;
+    connect(
+        &thread, &TSClientThread::sigJobFinished, &thread,
+        [&answered](const Job &job) {
+            if (job.type == JobLocoName)
+                answered.Open();
+        },
+        Qt::DirectConnection);
+    thread.AddJob({JobTrainData, "first"});
+    thread.start();
+    QVERIFY(thread.seenEmpty.Pass());
+    thread.AddJob({JobLocoName, "second"});
+    std::thread opener([&thread] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        thread.mayReturn.Open();
+    });
+    thread.start();
+    opener.join();
+    QVERIFY(answered.Pass());
 }
 
 void TestClientThread::aReplyMayQueueTheNextJob()
