@@ -54,6 +54,8 @@ constexpr Magnets k2000Hz = {false, false, true};
 
 } // namespace
 
+Q_DECLARE_METATYPE(Passage)
+
 class TestPracticeProtection : public QObject
 {
     Q_OBJECT
@@ -211,6 +213,5 @@ void TestPracticeProtection::lzbCountsDownToItsTarget()
     QVERIFY(!cab.lzb.active && cab.lzb.lampEnde == 0);
 }
 
-Q_DECLARE_METATYPE(Passage)
 ZUGBLICK_TEST_MAIN(TestPracticeProtection)
 #include "tst_practice_protection.moc"
