@@ -2,10 +2,10 @@
 #include "LocoData.h"
 #include "Manometer.h"
 #include "PaintCounter.h"
+#include "Painted.h"
 #include "TestMain.h"
 #include "WidgetDisplayIndicator.h"
 
-#include <QImage>
 #include <QPointer>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -208,7 +208,7 @@ void TestIndicators::gaugesFillTheWindow()
     QFETCH(QSize, size);
     WidgetDisplayIndicator window(nullptr, nullptr);
     window.resize(size);
-    const QImage picture = window.grab().toImage();
+    const QImage picture = Painted(window);
     QCOMPARE(picture.pixelColor(2, 2), QColor(82, 107, 118));
     for (const Manometer *gauge : {Cylinders(window), Reservoirs(window)}) {
         QVERIFY(gauge->height() > size.height() * 4 / 10);
@@ -221,4 +221,4 @@ void TestIndicators::gaugesFillTheWindow()
 }
 
 ZUGBLICK_TEST_MAIN(TestIndicators)
-#include "tst_indicators.moc"
+#include "tst_pressureindicators.moc"

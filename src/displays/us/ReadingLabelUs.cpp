@@ -1,0 +1,22 @@
+#include "ReadingLabelUs.h"
+
+#include "InstrumentPaint.h"
+
+ReadingLabelUs::ReadingLabelUs(QWidget *parent) : QLabel(parent) { }
+
+QSize ReadingLabelUs::sizeHint() const
+{
+    return minimumSizeHint();
+}
+
+QSize ReadingLabelUs::minimumSizeHint() const
+{
+    return {1, fontMetrics().height()};
+}
+
+void ReadingLabelUs::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::WindowText));
+    DrawFittedText(painter, contentsRect(), alignment(), text());
+}
