@@ -42,7 +42,10 @@ KabdataMain::KabdataMain(QWidget *parent, InterfaceFactory interfaceFactory)
 {
     ui->setupUi(this);
     setWindowTitle(QCoreApplication::applicationName() + QStringLiteral(" x64"));
-    ui->plainTextEdit_log->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    fixed.setFamily(QStringLiteral("Monospace"));
+    fixed.setStyleHint(QFont::TypeWriter);
+    ui->plainTextEdit_log->setFont(fixed);
 
     connect(statusTimer, &QTimer::timeout, this, &KabdataMain::OnTimeTrainDriverStatus);
     connect(updateTimer, &QTimer::timeout, this, &KabdataMain::OnTimeOnSeconds);

@@ -11,14 +11,17 @@
 
 namespace {
 /// Warnings and errors stand out on a light and on a dark palette alike.
-QBrush ColorOf(int level, const QPalette &palette)
+QColor ColorOf(int level, const QPalette &palette)
 {
     const bool dark = palette.color(QPalette::Base).lightness() < 128;
     if (level >= LogError)
         return dark ? QColor(255, 120, 110) : QColor(178, 24, 16);
     if (level == LogWarning)
         return dark ? QColor(240, 190, 80) : QColor(148, 88, 0);
-    return palette.brush(level == LogDebug ? QPalette::Disabled : QPalette::Active, QPalette::Text);
+    QColor color = palette.color(QPalette::Text);
+    if (level == LogDebug)
+        color.setAlphaF(0.62);
+    return color;
 }
 } // namespace
 

@@ -11,7 +11,7 @@ namespace {
 const QSize DrawingSize(100, 300);
 /// Room for the tick column between the numbers and the bar.
 constexpr int TickColumn = 10;
-/// Keeps the bar clear of a target marker at its right, which stands at x 85.
+/// What the bar, which starts right of the tick column, leaves for a target marker at its right.
 constexpr int RightMargin = 25;
 constexpr int MarkerSize = 10;
 constexpr int MarkerRight = 85;
@@ -113,7 +113,7 @@ QRectF ValueBar::Frame() const
 {
     const double shrunk = std::max(1.0, DrawingSize.height() / double(height()));
     return {double(barLeft + barWidth), double(barTop),
-            double(DrawingSize.width() - RightMargin - barLeft - barWidth),
+            double(DrawingSize.width() - RightMargin - barLeft),
             DrawingSize.height() - barTop - barGap * shrunk};
 }
 
