@@ -5,6 +5,10 @@
 
 ClickedLabelUs::ClickedLabelUs(QWidget *parent) : QLabel(parent)
 {
+    QFont bold = font();
+    bold.setBold(true);
+    setFont(bold);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     setAutoFillBackground(true);
 }
 

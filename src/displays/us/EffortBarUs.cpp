@@ -17,7 +17,10 @@ const QColor kBraking(211, 211, 105);
 const QColor kScaleColor(180, 184, 188);
 } // namespace
 
-EffortBarUs::EffortBarUs(QWidget *parent) : QWidget(parent) { }
+EffortBarUs::EffortBarUs(QWidget *parent) : QWidget(parent)
+{
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
+}
 
 void EffortBarUs::setValue(int effort)
 {

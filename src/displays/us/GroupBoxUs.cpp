@@ -9,11 +9,12 @@
 namespace {
 constexpr int kCaptionLeft = 8;
 constexpr int kCaptionGap = 4; ///< between the line's ends and the caption
-const QColor kLineColor(180, 184, 188);
+const QColor kColor(180, 184, 188);
 } // namespace
 
 GroupBoxUs::GroupBoxUs(QWidget *parent) : QWidget(parent)
 {
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
     LayOut();
 }
 
@@ -43,7 +44,7 @@ void GroupBoxUs::paintEvent(QPaintEvent *)
     const int height = fontMetrics().height();
     const double top = height / 2 + 0.5;
     const QRectF frame(0.5, top, width() - 1.0, this->height() - 0.5 - top - 0.5);
-    painter.setPen(kLineColor);
+    painter.setPen(kColor);
     painter.drawRect(frame);
     if (caption.isEmpty())
         return;
@@ -52,6 +53,5 @@ void GroupBoxUs::paintEvent(QPaintEvent *)
     const QRectF text(kCaptionLeft + kCaptionGap, 0, textWidth, height);
     painter.fillRect(text.adjusted(-kCaptionGap, 0, kCaptionGap, 0),
                      palette().color(QPalette::Window));
-    painter.setPen(palette().color(QPalette::WindowText));
     DrawFittedText(painter, text, Qt::AlignLeft | Qt::AlignVCenter, caption);
 }

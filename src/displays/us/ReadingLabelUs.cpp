@@ -2,7 +2,14 @@
 
 #include "InstrumentPaint.h"
 
-ReadingLabelUs::ReadingLabelUs(QWidget *parent) : QLabel(parent) { }
+ReadingLabelUs::ReadingLabelUs(QWidget *parent) : QLabel(parent)
+{
+    QFont bold = font();
+    bold.setBold(true);
+    setFont(bold);
+    setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
+}
 
 QSize ReadingLabelUs::sizeHint() const
 {

@@ -14,6 +14,7 @@ constexpr double kStart = -100.0; ///< degrees of its zero, from 12 o'clock
 constexpr double kRadius = 130.0;
 constexpr double kLabelRadius = 110.0;
 constexpr double kLabelStart = 170.0; ///< the same zero as a math angle
+constexpr double kLabelWidth = 20.0; ///< three digits are squeezed, clear of the ticks
 constexpr int kLabelPointSize = 12;
 constexpr double kLineWidth = 2.0;
 constexpr TickShape kLongTick{10.0, kLineWidth};
@@ -72,9 +73,9 @@ void SpeedometerUsDigital::DrawScale(QPainter &painter, const QColor &color) con
     painter.setPen(color);
     const ScaleMarks labels = MarksOver(kSpan, maxSpeed / labelStep);
     for (int i = 0; i <= labels.last; ++i) {
-        QRectF box(0, 0, 40, 40);
+        QRectF box(0, 0, kLabelWidth, 40);
         box.moveCenter(PointOnCircle(kLabelStart + i * labels.pitch, kLabelRadius));
-        painter.drawText(box, Qt::AlignCenter, QString::number(i * labelStep));
+        DrawFittedText(painter, box, Qt::AlignCenter, QString::number(i * labelStep));
     }
     painter.restore();
 }

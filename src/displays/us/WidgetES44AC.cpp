@@ -250,6 +250,8 @@ void WidgetES44AC::ScaleTexts(double factor)
     const auto keys = findChildren<ClickedLabelUs *>();
     for (ClickedLabelUs *key : keys)
         key->setFixedHeight(qRound(kKeyHeight * textFactor));
+    // The table's style sheet keeps its head from taking the font over.
+    form->tableWidget_tracks->horizontalHeader()->setFont(form->tableWidget_tracks->font());
     form->tableWidget_tracks->verticalHeader()->setDefaultSectionSize(
         qRound(kTrackRowHeight * textFactor));
 }

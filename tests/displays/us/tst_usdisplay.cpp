@@ -2,6 +2,7 @@
 #include "GroupBoxUs.h"
 #include "LocoData.h"
 #include "PaintCounter.h"
+#include "Painted.h"
 #include "SpeedometerUsDigital.h"
 #include "TestMain.h"
 #include "TrainData.h"
@@ -277,6 +278,8 @@ void TestUsDisplay::frameHoldsTheScreen()
     const auto *screen = window.findChild<WidgetES44AC *>();
     QCOMPARE(screen->parentWidget(), content);
     QCOMPARE(screen->size(), content->size());
+    const QImage dial = Painted(*window.findChild<SpeedometerUsDigital *>());
+    QVERIFY2(dial.pixelColor(0, 0) == QColor(Qt::black), "the frame's colours stay outside");
     window.resize(1400, 900);
     QCOMPARE(screen->size(), content->size());
     QVERIFY(screen->width() > 1200);
