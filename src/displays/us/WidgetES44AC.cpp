@@ -250,8 +250,9 @@ void WidgetES44AC::ScaleTexts(double factor)
     const auto keys = findChildren<ClickedLabelUs *>();
     for (ClickedLabelUs *key : keys)
         key->setFixedHeight(qRound(kKeyHeight * textFactor));
-    // The table's style sheet keeps its head from taking the font over.
-    form->tableWidget_tracks->horizontalHeader()->setFont(form->tableWidget_tracks->font());
-    form->tableWidget_tracks->verticalHeader()->setDefaultSectionSize(
-        qRound(kTrackRowHeight * textFactor));
+    QTableWidget *table = form->tableWidget_tracks;
+    table->verticalHeader()->setDefaultSectionSize(qRound(kTrackRowHeight * textFactor));
+    // The style sheet keeps the table's head from taking the font over, but not its items.
+    for (int column = 0; column < table->columnCount(); ++column)
+        table->horizontalHeaderItem(column)->setFont(table->font());
 }

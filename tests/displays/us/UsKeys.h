@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QMouseEvent>
+#include <QTest>
 
 /// Presses the key of that caption, wherever it stands.
 inline bool Press(const QWidget &screen, const QString &caption)
@@ -18,4 +19,15 @@ inline bool Press(const QWidget &screen, const QString &caption)
         return true;
     }
     return false;
+}
+
+const QString kTrack = QStringLiteral("Track");
+const QString kSelect = QStringLiteral("Select\nTrack");
+const QString kLoad = QStringLiteral("Load\nTrack");
+
+/// From the main page to the list of tracks.
+inline void OpenList(const QWidget &screen)
+{
+    QVERIFY(Press(screen, kTrack));
+    QVERIFY(Press(screen, kSelect));
 }

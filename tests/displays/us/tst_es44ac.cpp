@@ -37,9 +37,6 @@ QTableWidget *Table(const QWidget &screen)
     return screen.findChild<QTableWidget *>(QStringLiteral("tableWidget_tracks"));
 }
 
-const QString kTrack = QStringLiteral("Track");
-const QString kSelect = QStringLiteral("Select\nTrack");
-const QString kLoad = QStringLiteral("Load\nTrack");
 const QString kBack = QStringLiteral("Back\n");
 } // namespace
 
@@ -51,14 +48,12 @@ private slots:
     void keysLeadFromPageToPage_data();
     void keysLeadFromPageToPage();
     void keysAreColoured();
-    void softKeysTakeAnyCount();
     void listHoldsThePlansNearTheTrain();
     void loadsAndFollowsAPlan();
     void planOfOneRowShowsNothing();
     void failedLoadTellsAndKeepsThePlan();
     void loadWithoutSelectionDoesNothing_data();
     void loadWithoutSelectionDoesNothing();
-    void firstOfSeveralSelectedRowsLoads();
     void screenMayDieInTheMessage();
     void worksWithoutSettingsAndTrain();
 };
@@ -122,19 +117,6 @@ void TestES44AC::keysAreColoured()
     QVERIFY2(ground("label_top_3") == QColor(Qt::black), "a key that lost its caption");
 }
 
-void TestES44AC::softKeysTakeAnyCount()
-{
-    WidgetES44AC screen(nullptr, nullptr);
-    QStringList many;
-    for (int i = 0; i < 12; ++i)
-        many.append(QString::number(i));
-    screen.SetSoftKeys(many, {QStringLiteral("only")});
-    QCOMPARE(Captions(screen).size(), kSoftKeys + 1);
-    delete screen.findChild<ClickedLabelUs *>(QStringLiteral("label_top_5"));
-    screen.SetSoftKeys(many, {});
-    QCOMPARE(TextOf(screen, "label_top_7"), QStringLiteral("7"));
-}
-
 void TestES44AC::listHoldsThePlansNearTheTrain()
 {
     PlanFolder work;
@@ -143,8 +125,7 @@ void TestES44AC::listHoldsThePlansNearTheTrain()
     work.RoadMap(QStringLiteral("c.sfp"), 2);
     TrainData train;
     WidgetES44AC screen(&work.settings, &train);
-    QVERIFY(Press(screen, kTrack));
-    QVERIFY(Press(screen, kSelect));
+    OpenList(screen);
     const QTableWidget *table = Table(screen);
     QCOMPARE(table->rowCount(), 3);
     QCOMPARE(table->item(0, 0)->text(), QStringLiteral("Line"));
@@ -175,8 +156,7 @@ void TestES44AC::loadsAndFollowsAPlan()
     train.simValue404 = 0.01F;
     WidgetES44AC screen(&work.settings, &train);
     const QString arrival = TextOf(screen, "label_arrivaltime");
-    QVERIFY(Press(screen, kTrack));
-    QVERIFY(Press(screen, kSelect));
+    OpenList(screen);
     Table(screen)->selectRow(0);
     screen.OnUpdate();
     QCOMPARE(screen.findChild<WidgetTrack *>()->value, 0.0);
@@ -207,8 +187,7 @@ void TestES44AC::planOfOneRowShowsNothing()
     TrainData train;
     WidgetES44AC screen(&work.settings, &train);
     const QString name = TextOf(screen, "label_trackname");
-    QVERIFY(Press(screen, kTrack));
-    QVERIFY(Press(screen, kSelect));
+    OpenList(screen);
     Table(screen)->selectRow(0);
     QVERIFY(Press(screen, kLoad));
     QCOMPARE(screen.Plan().entries.size(), 1);
@@ -226,8 +205,7 @@ void TestES44AC::failedLoadTellsAndKeepsThePlan()
     const QString path = work.TimeTable(QStringLiteral("b.tfp"), {PlanRow(0, kTrack)});
     TrainData train;
     WidgetES44AC screen(&work.settings, &train);
-    for (const QString &key : {kTrack, kSelect})
-        QVERIFY(Press(screen, key));
+    OpenList(screen);
     Table(screen)->selectRow(0);
     for (const QString &key : {kLoad, kSelect})
         QVERIFY(Press(screen, key));
@@ -255,8 +233,7 @@ void TestES44AC::loadWithoutSelectionDoesNothing()
     ScriptedDialogs dialogs;
     work.TimeTable(QStringLiteral("a.tfp"), {PlanRow(0, kTrack)});
     WidgetES44AC screen(&work.settings, nullptr);
-    for (const QString &key : {kTrack, kSelect})
-        QVERIFY(Press(screen, key));
+    OpenList(screen);
     if (selected) {
         delete Table(screen)->takeItem(0, 0);
         Table(screen)->selectRow(0);
@@ -266,30 +243,12 @@ void TestES44AC::loadWithoutSelectionDoesNothing()
     QVERIFY(dialogs.boxes.isEmpty());
 }
 
-void TestES44AC::firstOfSeveralSelectedRowsLoads()
-{
-    PlanFolder work;
-    for (const char *id : {"a", "b", "c"}) {
-        work.TimeTable(QLatin1String(id) + QStringLiteral(".tfp"), {PlanRow(0, kTrack)},
-                       QLatin1String(id));
-    }
-    WidgetES44AC screen(&work.settings, nullptr);
-    for (const QString &key : {kTrack, kSelect})
-        QVERIFY(Press(screen, key));
-    Table(screen)->setSelectionMode(QAbstractItemView::MultiSelection);
-    Table(screen)->selectRow(2);
-    Table(screen)->selectRow(1);
-    QVERIFY(Press(screen, kLoad));
-    QCOMPARE(screen.Plan().ScheduleID, QStringLiteral("b"));
-}
-
 void TestES44AC::screenMayDieInTheMessage()
 {
     PlanFolder work;
     const QString path = work.TimeTable(QStringLiteral("a.tfp"), {PlanRow(0, kTrack)});
     QPointer<WidgetES44AC> screen = new WidgetES44AC(&work.settings, nullptr);
-    for (const QString &key : {kTrack, kSelect})
-        QVERIFY(Press(*screen, key));
+    OpenList(*screen);
     Table(*screen)->selectRow(0);
     QVERIFY(QFile::remove(path));
     ScriptedDialogs dialogs;

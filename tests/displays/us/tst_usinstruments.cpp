@@ -155,7 +155,6 @@ void TestUsInstruments::needlePointsAtTheSpeed()
 void TestUsInstruments::arcIsWholeAtEverySize_data()
 {
     QTest::addColumn<QSize>("size");
-    QTest::newRow("small") << QSize(300, 120);
     QTest::newRow("in the smallest window") << QSize(485, 260);
     QTest::newRow("large") << QSize(1000, 560);
 }
