@@ -42,6 +42,27 @@ public:
     LocoData loco;
 };
 
+/// A screen over a fixture of its own.
+template <typename Window>
+class Screen : public LocoFixture
+{
+public:
+    Screen()
+    {
+        window.setAttribute(Qt::WA_DeleteOnClose, false);
+        window.SetLocoData(&loco);
+    }
+
+    /// Loads the lines and runs one pass.
+    void Pass(const QByteArray &lines)
+    {
+        Load(lines);
+        window.OnUpdateSecondTimer();
+    }
+
+    Window window{&settings, &train};
+};
+
 /// Touches a key of a screen, as far as its handlers can tell.
 inline void Press(QWidget *window, const char *key)
 {

@@ -6,7 +6,6 @@
 #include "WidgetMFA_Railjet.h"
 
 #include <QPointer>
-#include <QSignalSpy>
 
 namespace {
 using Writes = QList<QPair<int, float>>;
@@ -89,7 +88,6 @@ void TestMfaLifetime::ClosedDuringTheFunctionTest()
     });
     Press(window, "label_funktionstest");
     QTRY_VERIFY(window.isNull());
-    // The wait after a write may still end with the second half of a switch.
     QCOMPARE(writes, atWrite);
 }
 

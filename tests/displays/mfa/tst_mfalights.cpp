@@ -252,16 +252,11 @@ void TestMfaLights::Fields()
     QFETCH(const QByteArray, before);
     QFETCH(const QByteArray, lines);
     QFETCH(const QString, label);
-    LocoFixture fixture;
-    WidgetMFA_Railjet window(&fixture.settings, &fixture.train);
-    window.setAttribute(Qt::WA_DeleteOnClose, false);
-    window.SetLocoData(&fixture.loco);
-    fixture.Load(before);
-    window.OnUpdateSecondTimer();
-    fixture.Load(lines);
-    window.OnUpdateSecondTimer();
+    Screen<WidgetMFA_Railjet> screen;
+    screen.Pass(before);
+    screen.Pass(lines);
 
-    const auto *field = window.findChild<LabelRailjet *>(label);
+    const auto *field = screen.window.findChild<LabelRailjet *>(label);
     QVERIFY(field != nullptr);
     QFETCH(const int, points);
     QTEST(field->text(), "text");
@@ -307,45 +302,37 @@ void TestMfaLights::RepeatedPassPaintsNothing()
 
 void TestMfaLights::SpeedDial()
 {
-    LocoFixture fixture;
-    WidgetMFA_Railjet window(&fixture.settings, &fixture.train);
-    window.setAttribute(Qt::WA_DeleteOnClose, false);
-    window.SetLocoData(&fixture.loco);
-    const auto *dial = window.findChild<Speedometer *>();
-    fixture.Load(Line("SpeedometerVsoll", 120) + Line("AFB_Active", 0)
-                 + "Speedometer=1:x:72.5:0:300:0:0:160:0\n");
-    window.OnUpdateSecondTimer();
+    Screen<WidgetMFA_Railjet> screen;
+    const auto *dial = screen.window.findChild<Speedometer *>();
+    screen.Pass(Line("SpeedometerVsoll", 120) + Line("AFB_Active", 0)
+                + "Speedometer=1:x:72.5:0:300:0:0:160:0\n");
     QCOMPARE(dial->maxSpeed, 160); // the override limits
     QCOMPARE(dial->speed, 73.0F); // whole km/h, halves up
     QVERIFY(!dial->targetMarkerVisible);
     QCOMPARE(dial->targetMarkerSpeed, 0);
 
-    fixture.loco.AFB_Active.value = -1;
-    window.OnUpdateSecondTimer();
-    window.OnUpdateSecondTimer(); // the target stands before the AFB in this file
+    screen.loco.AFB_Active.value = -1;
+    screen.window.OnUpdateSecondTimer();
+    screen.window.OnUpdateSecondTimer(); // the target stands before the AFB in this file
     QVERIFY(dial->targetMarkerVisible);
     QCOMPARE(dial->targetMarkerSpeed, 120);
 }
 
 void TestMfaLights::LzbGuidance()
 {
-    LocoFixture fixture;
-    WidgetMFA_Railjet window(&fixture.settings, &fixture.train);
-    window.setAttribute(Qt::WA_DeleteOnClose, false);
-    window.SetLocoData(&fixture.loco);
-    const auto *dial = window.findChild<Speedometer *>();
-    const auto *bar = window.findChild<LZBDisplayRailjet *>();
-    fixture.Load(Typ(1) + Line("LZBPanelStatus", 1) + Line("LZBDistance", 1234.9)
-                 + Line("LZBSpeed", 159.5) + Line("LZBTargetSpeed", 89.5));
-    window.OnUpdateSecondTimer();
+    Screen<WidgetMFA_Railjet> screen;
+    const auto *dial = screen.window.findChild<Speedometer *>();
+    const auto *bar = screen.window.findChild<LZBDisplayRailjet *>();
+    screen.Pass(Typ(1) + Line("LZBPanelStatus", 1) + Line("LZBDistance", 1234.9)
+                + Line("LZBSpeed", 159.5) + Line("LZBTargetSpeed", 89.5));
     QVERIFY(dial->limitMarkerVisible && dial->ledVisible && bar->active);
     QCOMPARE(dial->limitMarkerSpeed, 160);
     QCOMPARE(dial->ledValue, 90);
     QCOMPARE(bar->distance, 1234);
 
-    fixture.loco.LZBPanelStatus.value = 0;
-    fixture.loco.LZBDistance.value = 500;
-    window.OnUpdateSecondTimer();
+    screen.loco.LZBPanelStatus.value = 0;
+    screen.loco.LZBDistance.value = 500;
+    screen.window.OnUpdateSecondTimer();
     QVERIFY(!dial->limitMarkerVisible && !dial->ledVisible && !bar->active);
     QCOMPARE(dial->limitMarkerSpeed, 0);
     QCOMPARE(bar->distance, 1234); // not followed outside LZB
@@ -353,54 +340,41 @@ void TestMfaLights::LzbGuidance()
 
 void TestMfaLights::OtherConfigurationsStillTakeTheLzbSpeed()
 {
-    LocoFixture fixture;
-    WidgetMFA_Railjet window(&fixture.settings, &fixture.train);
-    window.setAttribute(Qt::WA_DeleteOnClose, false);
-    window.SetLocoData(&fixture.loco);
-    const auto *bar = window.findChild<LZBDisplayRailjet *>();
+    Screen<WidgetMFA_Railjet> screen;
+    const auto *bar = screen.window.findChild<LZBDisplayRailjet *>();
     QVERIFY(bar->active); // lit until the first light step
-    fixture.Load(Typ(2) + Line("LZBPanelStatus", 1) + Line("LZBOnOff", 1));
-    window.OnUpdateSecondTimer();
+    screen.Pass(Typ(2) + Line("LZBPanelStatus", 1) + Line("LZBOnOff", 1));
     QVERIFY(bar->active);
-    fixture.Load(Typ(2) + Line("LZBSpeed", 100));
-    window.OnUpdateSecondTimer();
+    screen.Pass(Typ(2) + Line("LZBSpeed", 100));
     QVERIFY(!bar->active);
 }
 
 void TestMfaLights::ForceRing()
 {
-    LocoFixture fixture;
-    WidgetMFA_Railjet window(&fixture.settings, &fixture.train);
-    window.setAttribute(Qt::WA_DeleteOnClose, false);
-    window.SetLocoData(&fixture.loco);
-    const auto *ring = window.findChild<ZugkraftDisplay *>();
+    Screen<WidgetMFA_Railjet> screen;
+    const auto *ring = screen.window.findChild<ZugkraftDisplay *>();
     QCOMPARE(ring->brakeLabelStep, 40);
     QCOMPARE(ring->tractionLabelStep, 50);
-    fixture.Load("Zugkraftvorwahl=2:x:0.5:-1:1:0:-240:300:1\n"
-                 "Beschleunigungsmesser=3:x:-0.25:-1:1:0:-240:300:1\n"
-                 "VThrottleControl=4:x:0.4:0:1:0:0:100:1\n");
-    window.OnUpdateSecondTimer();
+    screen.Pass("Zugkraftvorwahl=2:x:0.5:-1:1:0:-240:300:1\n"
+                "Beschleunigungsmesser=3:x:-0.25:-1:1:0:-240:300:1\n"
+                "VThrottleControl=4:x:0.4:0:1:0:0:100:1\n");
     QCOMPARE(ring->brakeRange, -240);
     QCOMPARE(ring->tractionRange, 300);
     QCOMPARE(ring->presetValue, 150.0);
     QCOMPARE(ring->value, -60.0);
     QCOMPARE(ring->percentValue, 40);
 
-    fixture.loco.Zugkraftvorwahl.value = -0.25F; // equals the needle: the triangle stays
-    window.OnUpdateSecondTimer();
+    screen.loco.Zugkraftvorwahl.value = -0.25F; // equals the needle: the triangle stays
+    screen.window.OnUpdateSecondTimer();
     QCOMPARE(ring->presetValue, 150.0);
 }
 
 void TestMfaLights::BrakePicture()
 {
-    LocoFixture fixture;
-    WidgetMFA_Railjet window(&fixture.settings, &fixture.train);
-    window.setAttribute(Qt::WA_DeleteOnClose, false);
-    window.SetLocoData(&fixture.loco);
-    const auto *field = window.findChild<LabelRailjet *>(QStringLiteral("label_bremse"));
+    Screen<WidgetMFA_Railjet> screen;
+    const auto *field = screen.window.findChild<LabelRailjet *>(QStringLiteral("label_bremse"));
     for (const double pressure : {0.0, 1.5, 0.0}) {
-        fixture.Load(Line("LocoBrakeCylinderBar", pressure));
-        window.OnUpdateSecondTimer();
+        screen.Pass(Line("LocoBrakeCylinderBar", pressure));
         QCOMPARE(field->pixmap(Qt::ReturnByValue).isNull(), pressure == 0.0);
     }
 }
@@ -427,15 +401,10 @@ void TestMfaLights::MessagesOfTheControlCar_data()
 void TestMfaLights::MessagesOfTheControlCar()
 {
     QFETCH(const QByteArray, lines);
-    LocoFixture fixture;
-    WidgetMFA_OEBB8090 window(&fixture.settings, &fixture.train);
-    window.setAttribute(Qt::WA_DeleteOnClose, false);
-    window.SetLocoData(&fixture.loco);
-    fixture.Load(Line("PZB_zwang", 1));
-    window.OnUpdateSecondTimer();
-    fixture.Load(lines);
-    window.OnUpdateSecondTimer();
-    const auto *field = window.findChild<LabelRailjet *>(QStringLiteral("label_msg1"));
+    Screen<WidgetMFA_OEBB8090> screen;
+    screen.Pass(Line("PZB_zwang", 1));
+    screen.Pass(lines);
+    const auto *field = screen.window.findChild<LabelRailjet *>(QStringLiteral("label_msg1"));
     QTEST(field->text(), "text");
     if (!field->text().isEmpty())
         QTEST(field->palette().color(QPalette::Window), "background");
@@ -443,24 +412,19 @@ void TestMfaLights::MessagesOfTheControlCar()
 
 void TestMfaLights::ControlCarRanges()
 {
-    LocoFixture fixture;
-    WidgetMFA_OEBB8090 window(&fixture.settings, &fixture.train);
-    window.setAttribute(Qt::WA_DeleteOnClose, false);
-    window.SetLocoData(&fixture.loco);
-    const auto *ring = window.findChild<ZugkraftDisplay *>();
-    fixture.Load("Display=11\nSpeedometer=1:x:10:0:230:0:0:300:0\n"
-                 "Beschleunigungsmesser=3:x:0:-1:1:0:-90:80:1\n");
-    window.OnUpdateSecondTimer();
-    QCOMPARE(window.findChild<Speedometer *>()->maxSpeed, 230); // never the override
+    Screen<WidgetMFA_OEBB8090> screen;
+    const auto *ring = screen.window.findChild<ZugkraftDisplay *>();
+    screen.Pass("Display=11\nSpeedometer=1:x:10:0:230:0:0:300:0\n"
+                "Beschleunigungsmesser=3:x:0:-1:1:0:-90:80:1\n");
+    QCOMPARE(screen.window.findChild<Speedometer *>()->maxSpeed, 230); // never the override
     QCOMPARE(ring->brakeLabelStep, 20);
     QCOMPARE(ring->tractionLabelStep, 10);
     QCOMPARE(ring->brakeRange, -90);
-    fixture.Load("Display=8\nBeschleunigungsmesser=3:x:0:-150:200:0:0:0:0\n");
-    window.OnUpdateSecondTimer();
+    screen.Pass("Display=8\nBeschleunigungsmesser=3:x:0:-150:200:0:0:0:0\n");
     QCOMPARE(ring->brakeRange, -150);
     QCOMPARE(ring->tractionRange, 200);
 
-    const auto *list = window.findChild<QListWidget *>(QStringLiteral("listWidget_BRH"));
+    const auto *list = screen.window.findChild<QListWidget *>(QStringLiteral("listWidget_BRH"));
     QCOMPARE(list->count(), 14);
     QCOMPARE(list->item(13)->text(), QStringLiteral("alleinfahr. TfZ-> R:150"));
 }
