@@ -34,6 +34,9 @@ if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     target_compile_options(zugblick_options INTERFACE
       -Wsuggest-override -Wduplicated-cond -Wlogical-op -fpch-preprocess)
+  else()
+    # The logging macros of Qt leave the variadic part empty.
+    target_compile_options(zugblick_options INTERFACE -Wno-gnu-zero-variadic-macro-arguments)
   endif()
 endif()
 if(ZUGBLICK_SANITIZE)
@@ -87,6 +90,9 @@ function(zugblick_add_test name)
   target_link_libraries(${name} PRIVATE zugblick_options zugblick_test_support ${arg_LINK}
                         Qt5::Test Qt5::Widgets Qt5::Network)
   target_precompile_headers(${name} REUSE_FROM zugblick_pch_test)
+  if("thread" IN_LIST arg_LABELS)
+    add_dependencies(thread_tests ${name})
+  endif()
   add_test(NAME ${name} COMMAND ${name} ${arg_ARGS})
   set(data_home "${CMAKE_BINARY_DIR}/test-data/${name}")
   set_tests_properties(${name} PROPERTIES

@@ -6,10 +6,7 @@
 
 VControllerBase::VControllerBase(const QString &controllerName, int controllerId, int lowest,
                                  int highest)
-    : name(controllerName)
-    , id(controllerId)
-    , min(lowest)
-    , max(highest)
+    : name(controllerName), id(controllerId), min(lowest), max(highest)
 {
 }
 

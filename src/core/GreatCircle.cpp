@@ -19,8 +19,8 @@ float GreatCircleDistance(float latitude1, float longitude1, float latitude2, fl
     const double lat1 = Radians(latitude1);
     const double lat2 = Radians(latitude2);
     const double dlon = Radians(static_cast<double>(longitude2) - static_cast<double>(longitude1));
-    const double c = std::cos(lat1) * std::cos(lat2) * std::cos(dlon)
-        + std::sin(lat1) * std::sin(lat2);
+    const double c =
+        std::cos(lat1) * std::cos(lat2) * std::cos(dlon) + std::sin(lat1) * std::sin(lat2);
     if (c > 1.0)
         return 0.0F;
     // Rounding can also undershoot -1 at the antipodes; a NaN would poison the running distance.

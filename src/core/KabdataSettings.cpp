@@ -21,8 +21,7 @@ KabdataSettings::KabdataSettings()
 {
 }
 
-KabdataSettings::KabdataSettings(const QString &path)
-    : store(path, QSettings::IniFormat)
+KabdataSettings::KabdataSettings(const QString &path) : store(path, QSettings::IniFormat)
 {
     store.setIniCodec("UTF-8");
     qCDebug(lcMain).noquote() << "Expecting settings at" << store.fileName();

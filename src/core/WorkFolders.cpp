@@ -76,7 +76,7 @@ QString DataLocation()
 
 void CreateWorkFolders(const QString &workFolder, QWidget *parent, const LogFunction &log)
 {
-    const QStringList folders{QString(),       kRoadSections, kRecords, kTrainTimeTables,
+    const QStringList folders{QString(),    kRoadSections,     kRecords, kTrainTimeTables,
                               kLocoConfigs, kRunningDistances, kScratch};
     for (const QString &folder : folders) {
         const QString path = workFolder + folder;
@@ -101,8 +101,8 @@ void MigrateFolders(const QString &oldPath, const QString &newPath, const LogFun
     if (oldPath.isEmpty())
         return;
     const QDir source(oldPath);
-    const QStringList names = source.entryList(QDir::AllEntries | QDir::Hidden | QDir::System
-                                               | QDir::NoDotAndDotDot);
+    const QStringList names =
+        source.entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
     for (const QString &name : names) {
         const QString from = source.filePath(name);
         const QString to = QDir(newPath).filePath(name);
@@ -139,11 +139,8 @@ void MigrateWorkFolder(const QString &oldRoot, const QString &newRoot, QWidget *
 QString ImportFiles(const QStringList &files, const QString &workFolder)
 {
     static const std::pair<const char *, QString> kFolders[] = {
-        {"cfg", kLocoConfigs},
-        {"brh", kLocoConfigs},
-        {"sfp", kRoadSections},
-        {"tfp", kTrainTimeTables},
-        {"dist", kRunningDistances},
+        {"cfg", kLocoConfigs},     {"brh", kLocoConfigs},       {"sfp", kRoadSections},
+        {"tfp", kTrainTimeTables}, {"dist", kRunningDistances},
     };
     QString report;
     for (const QString &path : files) {
@@ -155,8 +152,8 @@ QString ImportFiles(const QStringList &files, const QString &workFolder)
             report += path + QStringLiteral(" falsches Dateiformat\n");
             continue;
         }
-        const QString target
-            = QDir::cleanPath(workFolder + row->second + QLatin1Char('/') + info.fileName());
+        const QString target =
+            QDir::cleanPath(workFolder + row->second + QLatin1Char('/') + info.fileName());
         QFile source(path);
         if (!source.copy(target)) {
             report += source.errorString() + QLatin1Char('\n');

@@ -11,6 +11,8 @@
 namespace {
 constexpr int BarTop = 210;
 constexpr int BlockCount = 38;
+constexpr int LabelLeft = 155; ///< clear of the blocks, however wide the face is
+constexpr int LabelRight = 325;
 constexpr double BlockPitch = 515.0 / BlockCount;
 
 const QColor LitColor(177, 145, 83);
@@ -101,8 +103,10 @@ void LZBDisplayBR145::DrawScale(QPainter &painter) const
         labelFont.setPointSize(piece.pointSize);
         painter.setFont(labelFont);
         painter.setPen(scaleColor);
-        painter.drawText(325 - painter.fontMetrics().horizontalAdvance(label), TruncToInt(y - 4.0),
-                         label);
+        const QFontMetrics metrics = painter.fontMetrics();
+        const QRectF box(LabelLeft, TruncToInt(y - 4.0) - metrics.ascent(), LabelRight - LabelLeft,
+                         metrics.height());
+        DrawFittedText(painter, box, Qt::AlignRight, label);
         y += BlockPitch;
 
         painter.setPen(QPen(UnlitColor, 1));

@@ -112,11 +112,11 @@ void Speedometer::paintEvent(QPaintEvent *)
 /// Draws the plain disc, or the rim, and returns the radius from which the ticks run inward.
 double Speedometer::DrawRim(QPainter &painter) const
 {
-    const QPixmap texture = rimPixmap.scaledToHeight(20, Qt::SmoothTransformation);
-    if (texture.isNull()) {
+    if (rimPixmap.isNull()) {
         DrawDisc(painter, dialColor);
         return 190.0;
     }
+    const QPixmap texture = rimPixmap.scaledToHeight(20, Qt::SmoothTransformation);
     painter.save();
     painter.setPen(QPen(QBrush(texture), 4, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
     for (int i = 0; i < 360; ++i) {

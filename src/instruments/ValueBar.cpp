@@ -11,7 +11,7 @@ namespace {
 const QSize DrawingSize(100, 300);
 /// Room for the tick column between the numbers and the bar.
 constexpr int TickColumn = 10;
-/// Keeps the bar clear of a target marker at its right, which stands at x 85.
+/// What the bar, which starts right of the tick column, leaves for a target marker at its right.
 constexpr int RightMargin = 25;
 constexpr int MarkerSize = 10;
 constexpr int MarkerRight = 85;
@@ -66,7 +66,6 @@ void ValueBar::LayOut()
     barWidth = TickColumn;
     barGap = valueLabel->height() + 2 * margin();
     PlaceValueLabel();
-    update();
 }
 
 /// Moving the child within a paint is harmless only because it moves when it must and not before.
@@ -98,9 +97,7 @@ void ValueBar::paintEvent(QPaintEvent *event)
     QPainter painter(this);
     if (!EnterStretchedFrame(painter, *this, DrawingSize))
         return;
-    const QRectF frame(barLeft + barWidth, barTop,
-                       DrawingSize.width() - barLeft - RightMargin - barWidth,
-                       DrawingSize.height() - barTop - barGap);
+    const QRectF frame = Frame();
     if (frame.width() <= 0 || frame.height() <= 0)
         return;
     DrawSunkenFrame(painter, frame);
@@ -108,6 +105,16 @@ void ValueBar::paintEvent(QPaintEvent *event)
     DrawScale(painter, frame);
     if (markerVisible)
         DrawMarker(painter, frame);
+}
+
+/// The bar within the drawing. The box at the foot does not shrink with a small drawing, so there
+/// the gap that it stands in takes more of the height.
+QRectF ValueBar::Frame() const
+{
+    const double shrunk = std::max(1.0, DrawingSize.height() / double(height()));
+    return {double(barLeft + barWidth), double(barTop),
+            double(DrawingSize.width() - RightMargin - barLeft),
+            DrawingSize.height() - barTop - barGap * shrunk};
 }
 
 void ValueBar::DrawSunkenFrame(QPainter &painter, const QRectF &frame) const
@@ -150,12 +157,14 @@ void ValueBar::DrawScale(QPainter &painter, const QRectF &frame) const
     for (const ValueBarMark &mark : ValueBarMarks(minValue, maxValue, majorStep, minorStep, room)) {
         const double y = frame.top() + 2 + static_cast<double>(mark.offset) * pitch;
         painter.drawLine(QPointF(barLeft + (mark.major ? 1 : 5), y), QPointF(barLeft + 9, y));
-        if (!mark.major || y < free)
+        if (!mark.major || y - metrics.height() / 2.0 < free)
             continue;
-        const QRectF box(margin(), y - metrics.height() / 2.0, barLeft - margin(),
-                         metrics.height());
+        // The first and the last number keep clear of the unit above and of the box below.
+        const double top = qBound(frame.top() - metrics.descent(), y - metrics.height() / 2.0,
+                                  frame.bottom() - metrics.height());
+        const QRectF box(margin(), top, barLeft - margin(), metrics.height());
         DrawFittedText(painter, box, Qt::AlignRight, QString::number(maxValue - mark.offset));
-        free = y + metrics.ascent();
+        free = top + metrics.height();
     }
 }
 

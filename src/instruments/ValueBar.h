@@ -54,6 +54,7 @@ private slots:
 private:
     void LayOut();
     void PlaceValueLabel();
+    QRectF Frame() const;
     void DrawSunkenFrame(QPainter &painter, const QRectF &frame) const;
     void DrawFill(QPainter &painter, const QRectF &frame) const;
     void DrawScale(QPainter &painter, const QRectF &frame) const;

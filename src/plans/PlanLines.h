@@ -1,33 +1,31 @@
 #pragma once
 
-#include "Numbers.h"
-
 #include <QString>
-#include <QStringView>
 #include <QTextStream>
 
 #include <array>
+#include <string_view>
 
-/// The lines of a text, without their ends. Holds views: the text must outlive it.
+/// Text of a column or header value.
+QString PlanColumnText(std::string_view bytes);
+/// The numbers of `ToInt` and `ToFloat`, without the detour over a text where they are plain.
+int PlanInt(std::string_view bytes);
+float PlanFloat(std::string_view bytes);
+
+// Lines and columns are views of the file's bytes: a long timetable is decoded once, column by
+// column, and no line of it is copied.
+
+/// The lines of UTF-8 bytes, without their ends and without a byte order mark. The bytes must
+/// outlive it.
 class PlanLines
 {
 public:
-    explicit PlanLines(const QString &text) : rest(text) { }
+    explicit PlanLines(std::string_view bytes);
 
-    bool Next(QStringView &line)
-    {
-        if (rest.isEmpty())
-            return false;
-        const auto end = rest.indexOf(u'\n');
-        line = end < 0 ? rest : rest.left(end);
-        rest = end < 0 ? QStringView() : rest.mid(end + 1);
-        while (line.endsWith(u'\r'))
-            line.chop(1);
-        return true;
-    }
+    bool Next(std::string_view &line);
 
 private:
-    QStringView rest;
+    std::string_view rest;
 };
 
 /// The columns of a row. Only the first twelve are looked at, so that a line of a million columns
@@ -35,25 +33,16 @@ private:
 class PlanRow
 {
 public:
-    explicit PlanRow(QStringView line)
-    {
-        while (count < kMaxColumns) {
-            const auto end = line.indexOf(u';');
-            columns[count++] = end < 0 ? line : line.left(end);
-            if (end < 0)
-                return;
-            line = line.mid(end + 1);
-        }
-    }
+    explicit PlanRow(std::string_view line);
 
     int Count() const { return count; }
-    QString Text(int column) const { return columns[column].toString(); }
-    int Int(int column) const { return ToInt(Text(column)); }
-    float Float(int column) const { return ToFloat(Text(column)); }
+    QString Text(int column) const { return PlanColumnText(columns[column]); }
+    int Int(int column) const { return PlanInt(columns[column]); }
+    float Float(int column) const { return PlanFloat(columns[column]); }
 
 private:
     static constexpr int kMaxColumns = 12;
-    std::array<QStringView, kMaxColumns> columns;
+    std::array<std::string_view, kMaxColumns> columns;
     int count = 0;
 };
 
@@ -67,7 +56,7 @@ enum class KeyForm {
 template <typename Record>
 struct PlanKey
 {
-    QLatin1String key; ///< with its "="
+    std::string_view key; ///< with its "="
     QString Record::*text = nullptr;
     int Record::*number = nullptr;
     KeyForm form = KeyForm::Plain;
@@ -82,18 +71,22 @@ struct PlanKey
 /// Stores the value of a header line. True when the line is done with, false when it is a
 /// candidate row.
 template <typename Record, typename Keys>
-bool TakeHeaderLine(QStringView line, const Keys &keys, Record &plan)
+bool TakeHeaderLine(std::string_view line, const Keys &keys, Record &plan)
 {
+    const auto equals = line.find('=');
+    if (equals == std::string_view::npos)
+        return false;
+    const std::string_view key = line.substr(0, equals + 1);
     for (const PlanKey<Record> &each : keys) {
-        if (!line.startsWith(each.key))
+        if (key != each.key)
             continue;
-        QString value = line.mid(each.key.size()).toString();
-        if (each.form == KeyForm::Folded)
-            value.replace(QLatin1String("<br>"), QLatin1String("\n"));
-        if (each.text != nullptr)
-            plan.*each.text = value;
+        const std::string_view value = line.substr(equals + 1);
+        if (each.text == nullptr)
+            plan.*each.number = PlanInt(value);
         else
-            plan.*each.number = ToInt(value);
+            plan.*each.text = PlanColumnText(value);
+        if (each.form == KeyForm::Folded)
+            (plan.*each.text).replace(QLatin1String("<br>"), QLatin1String("\n"));
         return each.form != KeyForm::AlsoRow;
     }
     return false;
@@ -103,7 +96,7 @@ template <typename Record, typename Keys>
 void WriteHeaderLines(QTextStream &stream, const Keys &keys, const Record &plan)
 {
     for (const PlanKey<Record> &each : keys) {
-        stream << each.key;
+        stream << QLatin1String(each.key.data());
         if (each.text == nullptr)
             stream << plan.*each.number;
         else if (each.form == KeyForm::Folded)

@@ -2,6 +2,8 @@
 
 #include "PlanLines.h"
 
+#include <utility>
+
 namespace {
 const PlanKey<RoadMap> kRoadMapKeys[] = {
     {"Name=", &RoadMap::Name, KeyForm::AlsoRow},
@@ -51,7 +53,7 @@ void WritePoint(QTextStream &stream, int index, int speed, const RoadMapEntry &e
            << ';' << entry.name;
 }
 
-void TakeRow(QStringView line, RoadMap &plan)
+void TakeRow(std::string_view line, RoadMap &plan)
 {
     const PlanRow row(line);
     if (row.Count() < 6)
@@ -66,10 +68,10 @@ void TakeRow(QStringView line, RoadMap &plan)
     }
     if (row.Count() >= 10)
         entry.gradient = row.Text(9);
-    plan.entries.append(entry);
+    plan.entries.append(std::move(entry));
 }
 
-void TakeRow(QStringView line, TrainTimeTable &plan)
+void TakeRow(std::string_view line, TrainTimeTable &plan)
 {
     const PlanRow row(line);
     if (row.Count() < 10)
@@ -84,15 +86,14 @@ void TakeRow(QStringView line, TrainTimeTable &plan)
         entry.symbol = row.Text(10);
     if (row.Count() >= 12)
         entry.gradient = row.Text(11);
-    plan.entries.append(entry);
+    plan.entries.append(std::move(entry));
 }
 
 template <typename Record, typename Keys>
 void TakeLines(const QByteArray &bytes, const Keys &keys, PlanParts parts, Record &plan)
 {
-    const QString text = QString::fromUtf8(bytes); // drops a byte order mark
-    PlanLines lines(text);
-    QStringView line;
+    PlanLines lines({bytes.constData(), static_cast<size_t>(bytes.size())});
+    std::string_view line;
     while (lines.Next(line)) {
         if (!TakeHeaderLine(line, keys, plan) && parts == PlanParts::HeaderAndRows)
             TakeRow(line, plan);

@@ -26,6 +26,7 @@ struct RoadMapEntry
     QString symbol; ///< line symbol
     QString gradient; ///< gradient class mark
 };
+Q_DECLARE_TYPEINFO(RoadMapEntry, Q_MOVABLE_TYPE);
 
 /// A route plan, the content of an `.sfp` file: the points along a line. A plain value.
 struct RoadMap

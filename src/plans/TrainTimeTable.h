@@ -22,6 +22,7 @@ struct TimeTableEntry : RoadMapEntry
     QString remark;
     QString estimated; ///< computed passing time "HH:mm:ss"; never in a file
 };
+Q_DECLARE_TYPEINFO(TimeTableEntry, Q_MOVABLE_TYPE);
 
 /// A timetable, the content of a `.tfp` file: the points of a line with a train laid over them. A
 /// plain value.

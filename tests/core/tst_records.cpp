@@ -177,8 +177,8 @@ void TestRecords::configTextNeedsEightFields_data()
     const QString before("3:old:1:2:4:5:6:7:1");
     QTest::newRow("nine fields") << "71:Tacho:0.5:0:300:1.5:-10:400:0"
                                  << "71:Tacho:0.5:0:300:1.5:-10:400:0";
-    QTest::newRow("eight fields leave adjust")
-        << "71:Tacho:0:0:300:0:0:0" << "71:Tacho:0:0:300:0:0:0:1";
+    QTest::newRow("eight fields leave adjust") << "71:Tacho:0:0:300:0:0:0"
+                                               << "71:Tacho:0:0:300:0:0:0:1";
     QTest::newRow("seven fields change nothing") << "71:Tacho:0:0:300:0:0" << before;
     QTest::newRow("what is no number reads as 0") << "x:Tacho:nan:a:1e9:y:z:-:1"
                                                   << "0:Tacho:0:0:0:0:0:0:1";
@@ -220,14 +220,14 @@ void TestRecords::trainDataNeedsItsFieldCount_data()
 
     const float kept = 55.0F;
     QTest::newRow("five fields") << "50.9:7.0:1:8:30" << false << 0.0F << -1 << kept << 4.0F;
-    QTest::newRow("six leave the speed") << "50.5:7.0:1:8:30:5" << true << 50.5F << 8 << kept
-                                         << 4.0F;
-    QTest::newRow("seven change nothing") << "50.5:7.0:1:8:30:5:60" << false << 0.0F << -1 << kept
-                                          << 4.0F;
+    QTest::newRow("six leave the speed")
+        << "50.5:7.0:1:8:30:5" << true << 50.5F << 8 << kept << 4.0F;
+    QTest::newRow("seven change nothing")
+        << "50.5:7.0:1:8:30:5:60" << false << 0.0F << -1 << kept << 4.0F;
     QTest::newRow("nine, the last one read as an integer")
         << "50.5:7.0:1:8:30:5:60:1:0.5" << true << 50.5F << 8 << 60.0F << 0.0F;
-    QTest::newRow("ten change nothing") << "50.5:7.0:1:8:30:5:60:1:2:x" << false << 0.0F << -1
-                                        << kept << 4.0F;
+    QTest::newRow("ten change nothing")
+        << "50.5:7.0:1:8:30:5:60:1:2:x" << false << 0.0F << -1 << kept << 4.0F;
     QTest::newRow("sixteen change nothing")
         << "50.5:7:1:8:30:5:60:1:2:a:b:1:2:3:4:5" << false << 0.0F << -1 << kept << 4.0F;
     QTest::newRow("nan never becomes a position")
@@ -293,9 +293,9 @@ void TestRecords::greatCircleKnowsItsEdges()
 {
     QFETCH(QList<double>, degrees);
     QFETCH(double, kilometres);
-    const double distance
-        = GreatCircleDistance(static_cast<float>(degrees[0]), static_cast<float>(degrees[1]),
-                              static_cast<float>(degrees[2]), static_cast<float>(degrees[3]));
+    const double distance =
+        GreatCircleDistance(static_cast<float>(degrees[0]), static_cast<float>(degrees[1]),
+                            static_cast<float>(degrees[2]), static_cast<float>(degrees[3]));
     QVERIFY2(std::abs(distance - kilometres) < 0.1, qPrintable(QString::number(distance)));
 }
 
@@ -329,8 +329,10 @@ void TestRecords::archiveEntriesStayBelowTheRoot_data()
     QTest::addColumn<QString>("entry");
     QTest::addColumn<QString>("path");
 
-    QTest::newRow("a file below") << "Scenarios/1/x.xml" << "/root/Scenarios/1/x.xml";
-    QTest::newRow("backslashes are separators") << "Scenarios\\x.xml" << "/root/Scenarios/x.xml";
+    QTest::newRow("a file below") << "Scenarios/1/x.xml"
+                                  << "/root/Scenarios/1/x.xml";
+    QTest::newRow("backslashes are separators") << "Scenarios\\x.xml"
+                                                << "/root/Scenarios/x.xml";
     QTest::newRow("up and out") << "../x.xml" << QString();
     QTest::newRow("up inside") << "a/../../x.xml" << QString();
     QTest::newRow("backslash up") << "..\\x.xml" << QString();

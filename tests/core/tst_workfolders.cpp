@@ -122,8 +122,9 @@ void TestWorkFolders::foldersAreCreatedInOrder()
     const QString work = folder.filePath("deep/work");
     ScriptedDialogs dialogs;
     CreateWorkFolders(work, nullptr, Logger());
-    const QStringList names{"",      "/roadsections",     "/records", "/traintimetables",
-                            "/lococonfig/", "/runningdistance/", "/tmp"};
+    const QStringList names{
+        "",    "/roadsections", "/records", "/traintimetables", "/lococonfig/", "/runningdistance/",
+        "/tmp"};
     QStringList expected;
     for (const QString &name : names) {
         QVERIFY(QDir(work + name).exists());
@@ -235,10 +236,9 @@ void TestWorkFolders::importStopsAtTheFirstFailure()
     for (const char *name : {"a.cfg", "b.cfg", "c.cfg"})
         WriteFile(folder.filePath(name), name);
     WriteFile(work + "/lococonfig/b.cfg", "kept");
-    const QString report
-        = ImportFiles({folder.filePath("x.doc"), folder.filePath("a.cfg"), folder.filePath("b.cfg"),
-                       folder.filePath("c.cfg")},
-                      work);
+    const QString report = ImportFiles({folder.filePath("x.doc"), folder.filePath("a.cfg"),
+                                        folder.filePath("b.cfg"), folder.filePath("c.cfg")},
+                                       work);
     QVERIFY2(QFile::exists(work + "/lococonfig/a.cfg"), "a wrong suffix does not end the import");
     QCOMPARE(ReadFile(work + "/lococonfig/b.cfg"), QByteArray("kept"));
     QVERIFY(!QFile::exists(work + "/lococonfig/c.cfg"));

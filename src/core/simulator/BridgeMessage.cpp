@@ -25,7 +25,8 @@ BridgeMessage::BridgeMessage(const QByteArray &received) : raw(received)
     length = raw.mid(1, 6).toInt();
     command = raw.mid(8, 3).toInt();
     id = raw.mid(12, 6).toInt();
-    payload = QString::fromUtf8(raw.mid(kPayloadAt));
+    // With its size given, since the decoder would stop at a zero byte.
+    payload = QString::fromUtf8(raw.constData() + kPayloadAt, raw.size() - kPayloadAt);
 }
 
 BridgeMessage::BridgeMessage(const QString &received) : BridgeMessage(received.toUtf8()) { }

@@ -47,7 +47,11 @@ bool TSInterfaceBridge::OpenSocket(const QString &host, quint16 port)
     descriptor = socket->socketDescriptor();
     connect(socket, &QTcpSocket::disconnected, this, &TSInterfaceBridge::disconnected);
     socket->connectToHost(host, port, QIODevice::ReadWrite, QAbstractSocket::AnyIPProtocol);
-    return socket->waitForConnected(timings.connectMs);
+    if (!socket->waitForConnected(timings.connectMs))
+        return false;
+    // Frames are small, and none should wait until the far end has acknowledged the one before.
+    socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+    return true;
 }
 
 // A bridge that hangs up in here is noticed by the next request only.

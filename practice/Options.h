@@ -1,0 +1,33 @@
+#pragma once
+
+#include "PracticeServer.h"
+
+#include <QString>
+#include <QStringList>
+
+namespace practice {
+
+/// What the command line asks for.
+struct Options
+{
+    enum Mode { Serve, ListLocos, WriteFolder };
+    Mode mode = Serve;
+    quint16 port = 47812;
+    bool everyAddress = false;
+    QString loco;
+    QString timetable;
+    int late = 0; ///< seconds
+    double speedUp = 1.0;
+    double handSeconds = 120.0;
+    double runFor = 0.0; ///< seconds of real time, 0 for ever
+    bool exitWithStdin = false;
+    int fields = 9;
+    Fault fault;
+    QString workFolder; ///< to write, or to fill up
+};
+
+/// Reads the arguments, the program's name first. On a wrong one returns false, and `text` says
+/// what is wrong. For help and version `text` is what to print, and `printed` is set.
+bool ReadOptions(const QStringList &arguments, Options &options, QString &text, bool &printed);
+
+} // namespace practice

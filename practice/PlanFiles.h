@@ -1,0 +1,20 @@
+#pragma once
+
+#include "Line.h"
+#include "Schedule.h"
+
+#include <QByteArray>
+#include <QString>
+
+namespace practice {
+
+/// Base name of the file of the route plan.
+QString RoutePlanName(bool inMiles);
+
+/// The route plan of the line, with marks in kilometres or statute miles.
+QByteArray RoutePlanText(const Line &line, bool inMiles);
+
+/// The timetable file of a schedule.
+QByteArray TimeTableText(const Line &line, const Schedule &schedule);
+
+} // namespace practice

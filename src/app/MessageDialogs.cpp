@@ -1,0 +1,71 @@
+#include "MessageDialogs.h"
+
+#include <QFileDialog>
+#include <QMessageBox>
+
+namespace {
+QMessageBox::Icon IconOf(UserDialogs::Kind kind)
+{
+    switch (kind) {
+    case UserDialogs::Kind::Information:
+        return QMessageBox::Information;
+    case UserDialogs::Kind::Warning:
+        return QMessageBox::Warning;
+    case UserDialogs::Kind::Critical:
+        return QMessageBox::Critical;
+    case UserDialogs::Kind::Question:
+        return QMessageBox::Question;
+    }
+    return QMessageBox::NoIcon;
+}
+
+QMessageBox::StandardButtons ButtonsOf(UserDialogs::Buttons buttons)
+{
+    switch (buttons) {
+    case UserDialogs::Buttons::Ok:
+        return QMessageBox::Ok;
+    case UserDialogs::Buttons::YesNo:
+        return QMessageBox::Yes | QMessageBox::No;
+    case UserDialogs::Buttons::YesNoCancel:
+        return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    }
+    return QMessageBox::Ok;
+}
+} // namespace
+
+UserDialogs::Answer MessageDialogs::Show(QWidget *parent, const Box &box)
+{
+    QMessageBox message(IconOf(box.kind), box.title, box.text, ButtonsOf(box.buttons), parent);
+    // Texts hold paths and names from outside, which must not be taken for markup.
+    message.setTextFormat(Qt::PlainText);
+    switch (message.exec()) {
+    case QMessageBox::Ok:
+        return Answer::Ok;
+    case QMessageBox::Yes:
+        return Answer::Yes;
+    case QMessageBox::No:
+        return Answer::No;
+    default:
+        return Answer::Cancel;
+    }
+}
+
+QString MessageDialogs::OpenFile(QWidget *parent, const FileRequest &request)
+{
+    return QFileDialog::getOpenFileName(parent, request.title, request.folder, request.filter);
+}
+
+QStringList MessageDialogs::OpenFiles(QWidget *parent, const FileRequest &request)
+{
+    return QFileDialog::getOpenFileNames(parent, request.title, request.folder, request.filter);
+}
+
+QString MessageDialogs::SaveFile(QWidget *parent, const FileRequest &request)
+{
+    return QFileDialog::getSaveFileName(parent, request.title, request.folder, request.filter);
+}
+
+QString MessageDialogs::ExistingFolder(QWidget *parent, const FileRequest &request)
+{
+    return QFileDialog::getExistingDirectory(parent, request.title, request.folder);
+}

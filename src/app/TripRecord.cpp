@@ -1,0 +1,33 @@
+#include "TripRecord.h"
+
+#include "TrainData.h"
+#include "WorkFolders.h"
+
+#include <QFile>
+#include <QTextStream>
+
+double RecordedSpeed(const TrainData &train)
+{
+    return static_cast<double>(train.speed) * 1.609344;
+}
+
+QString TripRecordPath(const QString &workFolder, const QString &userName, qint64 startSeconds)
+{
+    return WorkFolders::Records(workFolder)
+        + QStringLiteral("%1_%2.rec").arg(userName, QString::number(startSeconds));
+}
+
+QString AppendTripRecord(const QString &path, const TrainData &train)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Text))
+        return file.errorString();
+    QTextStream stream(&file);
+    stream.setCodec("UTF-8");
+    stream << train.latitude << ';' << train.longitude << ';' << RecordedSpeed(train) << ';'
+           << train.locoName << '\n';
+    stream.flush();
+    if (stream.status() != QTextStream::Ok || !file.flush())
+        return file.errorString();
+    return QString();
+}
