@@ -1,10 +1,6 @@
 #pragma once
 
 #include <QFrame>
-#include <QVector>
-
-class ControlLight;
-class QLabel;
 
 /// The lamp field of a panel: a grid of equal cells out of the form's layout. It makes round lamps
 /// square in their cells, draws their bezels and engraves the legends in two sizes that fit: a
@@ -21,13 +17,11 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
-    void showEvent(QShowEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    QSize CellSize() const;
-    void FitLamps();
-    void Engrave(const QVector<QLabel *> &plates, const QSize &size);
+    void PlaceLamps();
+    void EngraveLegends(const QSize &cell);
 
     bool round = false;
 };

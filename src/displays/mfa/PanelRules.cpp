@@ -39,8 +39,8 @@ const QVector<PanelEffect> kBr101Effects{
 };
 
 const QVector<PanelStep> kBr101After{
-    {ShowLzbDistanceInParts, {2}},  {TakeLzbPanel, {6}},           {LightFirstLzbLamp, {6}},
-    {ShowLzbDistanceCapped, {6}},   {ShowTargetSpeedDigits, {6}},
+    {ShowLzbDistanceInParts, {2}}, {TakeLzbPanel, {6}},          {LightFirstLzbLamp, {6}},
+    {ShowLzbDistanceCapped, {6}},  {ShowTargetSpeedDigits, {6}},
 };
 
 const QVector<PanelLampRule> kBr101LampsAfter{
@@ -99,8 +99,8 @@ const QVector<PanelEffect> kBr155OwnEffects{
 };
 
 const QVector<PanelStep> kBr145After{
-    {ShowLzbDistanceInParts, {2}},   {ShowLzbSpeedPlain, {3}}, {LightPzbLampsByState, {5}},
-    {TakeLzbPanelOrAfb, {6}},        {LightFirstLzbLamp, {6}}, {ShowLzbDistanceCapped, {6}},
+    {ShowLzbDistanceInParts, {2}},  {ShowLzbSpeedPlain, {3}}, {LightPzbLampsByState, {5}},
+    {TakeLzbPanelOrAfb, {6}},       {LightFirstLzbLamp, {6}}, {ShowLzbDistanceCapped, {6}},
     {ShowTargetSpeedDigitsUp, {6}},
 };
 

@@ -16,7 +16,7 @@ constexpr int kTwoTonePointer = 1;
 } // namespace
 
 WidgetMFA_BR101::WidgetMFA_BR101(KabdataSettings *windowSettings, TrainData *train, QWidget *parent,
-                               Qt::WindowFlags windowFlags)
+                                 Qt::WindowFlags windowFlags)
     : WidgetMFA_Panel(windowSettings, train, parent, windowFlags, RulesOfBr101())
 {
     Ui::WidgetMFA_BR101 form;

@@ -6,7 +6,7 @@
 #include "ui_WidgetMFA_BR145.h"
 
 WidgetMFA_BR145::WidgetMFA_BR145(KabdataSettings *windowSettings, TrainData *train, QWidget *parent,
-                               Qt::WindowFlags windowFlags)
+                                 Qt::WindowFlags windowFlags)
     : WidgetMFA_Panel(windowSettings, train, parent, windowFlags, RulesOfBr145())
 {
     Ui::WidgetMFA_BR145 form;

@@ -9,5 +9,5 @@ class WidgetMFA_BR145 : public WidgetMFA_Panel
 
 public:
     WidgetMFA_BR145(KabdataSettings *windowSettings, TrainData *train, QWidget *parent = nullptr,
-                   Qt::WindowFlags windowFlags = {});
+                    Qt::WindowFlags windowFlags = {});
 };

@@ -7,7 +7,7 @@
 #include "ui_WidgetMFA_BR155.h"
 
 WidgetMFA_BR155::WidgetMFA_BR155(KabdataSettings *windowSettings, TrainData *train, QWidget *parent,
-                               Qt::WindowFlags windowFlags)
+                                 Qt::WindowFlags windowFlags)
     : WidgetMFA_Panel(windowSettings, train, parent, windowFlags, RulesOfBr155())
 {
     Ui::WidgetMFA_BR155 form;

@@ -16,9 +16,8 @@ constexpr double kKilometresPerMile = 1.60934;
 constexpr int kDialFontSize = 18; // in the dial's own frame of 400 units
 } // namespace
 
-WidgetMFA_Panel::WidgetMFA_Panel(KabdataSettings *windowSettings, TrainData *train,
-                                 QWidget *parent, Qt::WindowFlags windowFlags,
-                                 const PanelRules &classRules)
+WidgetMFA_Panel::WidgetMFA_Panel(KabdataSettings *windowSettings, TrainData *train, QWidget *parent,
+                                 Qt::WindowFlags windowFlags, const PanelRules &classRules)
     : WidgetMFA(windowSettings, train, parent, windowFlags), rules(classRules)
 {
 }
