@@ -14,11 +14,15 @@ void InitResources()
     Q_INIT_RESOURCE(icons);
     Q_INIT_RESOURCE(font_ledfont);
     Q_INIT_RESOURCE(font_symbols);
-    // "⭢" and "⭠" of the timetables are in this face and in few others. It also holds digits, so
-    // it may only stand behind a face that exists: behind an alias such as "Sans Serif" it would
-    // come first.
+    // "⭢" and "⭠" of the timetables are in this face and in few others.
     const int id = QFontDatabase::addApplicationFont(QStringLiteral(":/fonts/symbols"));
-    const QStringList families = QFontDatabase::applicationFontFamilies(id);
-    if (!families.isEmpty())
-        QFont::insertSubstitutions(QFontInfo(QGuiApplication::font()).family(), families);
+    const QStringList symbols = QFontDatabase::applicationFontFamilies(id);
+    if (symbols.isEmpty())
+        return;
+    for (const QString &family : {QGuiApplication::font().family(), QStringLiteral("Arial")}) {
+        // A family that is only an alias has to name its real face first: the symbol face holds
+        // digits too, and they would win over those of the text.
+        const QString real = QFontInfo(QFont(family)).family();
+        QFont::insertSubstitutions(family, QStringList{real} + symbols);
+    }
 }

@@ -1,6 +1,7 @@
 #include "WidgetMFA.h"
 
 #include "KabdataSettings.h"
+#include "TrainData.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>
@@ -65,6 +66,12 @@ void WidgetMFA::Nap() const
 bool WidgetMFA::IsOpen(const QPointer<WidgetMFA> &window)
 {
     return !window.isNull() && !window->closed;
+}
+
+QDateTime WidgetMFA::SimulatorMoment() const
+{
+    const QTime timeOfDay(trainData->hour, trainData->minute, trainData->second);
+    return {QDate::currentDate(), timeOfDay.isValid() ? timeOfDay : QTime(0, 0)};
 }
 
 void WidgetMFA::RestoreGeometry()

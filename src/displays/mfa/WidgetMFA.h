@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QDateTime>
 #include <QPointer>
 #include <QTimer>
 #include <QWidget>
@@ -53,6 +54,8 @@ protected:
     /// Whether the window outlived the last pass of the event loop and was not closed in it.
     static bool IsOpen(const QPointer<WidgetMFA> &window);
 
+    /// Today at the simulator's time of day; midnight before the first reply. Needs `trainData`.
+    QDateTime SimulatorMoment() const;
     void RestoreGeometry();
     /// Starts the passes, the first one after `ms`.
     void StartUpdates(int ms);
