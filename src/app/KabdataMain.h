@@ -124,6 +124,7 @@ private:
     bool OpenScreen(Screen screen);
     template <typename Display>
     void OpenMfa();
+    void OpenMainUs();
     bool CloseEditors();
     void TrackEditor(QWidget *window);
     void StopRecording();

@@ -5,17 +5,25 @@
 #include "EbulaGraphicsScene.h"
 #include "KabdataSettings.h"
 #include "WidgetDisplayIndicator.h"
+#include "WidgetMFA_BR101.h"
+#include "WidgetMFA_BR145.h"
+#include "WidgetMFA_BR155.h"
 #include "WidgetMFA_OEBB8090.h"
 #include "WidgetMFA_Railjet.h"
 #include "WidgetMFD.h"
+#include "WidgetMainUsDisplay.h"
 #include "ui_KabdataMain.h"
 
 #include <algorithm>
 #include <iterator>
 
 const KabdataMain::ScreenRow KabdataMain::kScreens[] = {
+    {Screen::MfaBr101, &KabdataMain::OpenMfa<WidgetMFA_BR101>},
+    {Screen::MfaBr145, &KabdataMain::OpenMfa<WidgetMFA_BR145>},
+    {Screen::MfaBr155, &KabdataMain::OpenMfa<WidgetMFA_BR155>},
     {Screen::MfaRailjet, &KabdataMain::OpenMfa<WidgetMFA_Railjet>},
     {Screen::MfaOebb8090, &KabdataMain::OpenMfa<WidgetMFA_OEBB8090>},
+    {Screen::MainUs, &KabdataMain::OpenMainUs},
 };
 
 Qt::WindowFlags KabdataMain::DisplayFlags() const
@@ -44,6 +52,17 @@ void KabdataMain::OpenMfa()
     auto *display = new Display(settings.get(), &trainData, nullptr, DisplayFlags());
     connect(display, &Display::sigWriteControllerValue, this, &KabdataMain::OnWriteControllerValue);
     connect(display, &Display::sigWriteTrainDataIntern, this, &KabdataMain::OnWriteTraindataIntern);
+    connect(display, &QObject::destroyed, this, &KabdataMain::OnCloseMFA);
+    display->show();
+    display->SetLocoData(&locoData);
+}
+
+void KabdataMain::OpenMainUs()
+{
+    auto *display = new WidgetMainUsDisplay(settings.get(), &trainData, nullptr, false, nullptr,
+                                            DisplayFlags());
+    connect(display, &WidgetMainUsDisplay::sigWriteControllerValue, this,
+            &KabdataMain::OnWriteControllerValue);
     connect(display, &QObject::destroyed, this, &KabdataMain::OnCloseMFA);
     display->show();
     display->SetLocoData(&locoData);
