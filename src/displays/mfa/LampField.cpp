@@ -180,7 +180,10 @@ void LampField::EngraveLegends(const QSize &cell)
         else
             words.append(each);
     }
-    const QFont narrow(QStringLiteral("Arial Narrow"));
+    // Words stand in a narrow face, so that the longest stay legible in the smallest window. As a
+    // family list it is safe from the window's face, which would otherwise mix in.
+    QFont narrow = font();
+    narrow.setFamilies({QStringLiteral("Arial Narrow"), QStringLiteral("Arial")});
     Engrave(letters, font(), shape, round);
     Engrave(words, narrow, shape, round);
     Engrave(longWords, narrow, shape, round);
