@@ -16,7 +16,7 @@ const QColor kBezelColor(0x2a, 0x2d, 0x30);
 const QColor kHairlineColor(0x3a, 0x3e, 0x42);
 const QColor kLegendColor(0xd8, 0xda, 0xdc);
 constexpr int kBezelWidth = 4;
-constexpr int kEngravingShare = 20; // parts of the plate's height
+constexpr int kEngravingShare = 22; // parts of the plate's height
 constexpr int kSmallestEngraving = 8;
 constexpr int kColumns = 3; // the bar and two dials
 constexpr int kShares = 22; // parts of the width: 4 for the bar, 9 for each dial

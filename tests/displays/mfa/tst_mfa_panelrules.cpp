@@ -6,6 +6,8 @@
 
 #include <limits>
 
+Q_DECLARE_METATYPE(PanelLamp)
+
 namespace {
 const QHash<QString, const PanelRules &(*)()> kPanels{
     {"101", RulesOfBr101}, {"145", RulesOfBr145}, {"155", RulesOfBr155}};
@@ -294,8 +296,6 @@ void TestMfaPanelRules::speedIsTakenRaw()
     RunPanelPass(RulesOfBr155(), loco, unassigned);
     QVERIFY2(!unassigned.speed.has_value(), "an unassigned record delivers no speed");
 }
-
-Q_DECLARE_METATYPE(PanelLamp)
 
 ZUGBLICK_TEST_MAIN(TestMfaPanelRules)
 #include "tst_mfa_panelrules.moc"
