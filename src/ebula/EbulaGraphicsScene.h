@@ -126,6 +126,7 @@ private:
     bool DrawRows(int start, int count);
     void DrawRow(int slot, const TimeTableEntry &entry, const RowStyle &style);
     void DrawSpeed(int slot, int speed, int speedAbove, bool isLast, const RowStyle &style);
+    void FitRowText(QGraphicsTextItem *item, double rightEdge, const RowStyle &style);
     void AddSpeedText(int speed, double y, const RowStyle &style);
     bool AskForForeignPlan(int start);
 

@@ -70,7 +70,10 @@ void EbulaGraphicsScene::ShowFitted(QGraphicsTextItem *item, const QString &text
     }
     if (font != item->font()) {
         const double half = QFontMetricsF(font).height() / 2.0;
-        item->document()->setDocumentMargin(std::max(0.0, centreY - item->y() - half));
+        const double margin = std::max(0.0, centreY - item->y() - half);
+        // The text's left edge stays where it was.
+        item->moveBy(item->document()->documentMargin() - margin, 0.0);
+        item->document()->setDocumentMargin(margin);
         item->setFont(font);
     }
     item->setPlainText(text);

@@ -9,8 +9,11 @@
 #include <QDate>
 #include <QFontMetricsF>
 #include <QGraphicsTextItem>
+#include <QTextCursor>
+#include <QTextDocument>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 constexpr double kSpeedScaleKmh = 250.0; ///< stands at the speed column's right edge less 10
@@ -24,6 +27,25 @@ QString DistanceText(float distance)
 bool IsNamedStop(int type)
 {
     return type == StopStart || type == StopEnd || type == StopStation;
+}
+
+/// Symbols come from a fallback face whose taller line would push them below the row's middle.
+void CentreIn(QGraphicsTextItem *item, int height, double margin)
+{
+    const double content = item->boundingRect().height() - 2.0 * margin;
+    const double centred = std::max(0.0, (height - content) / 2.0);
+    if (std::abs(centred - margin) > 0.5)
+        item->document()->setDocumentMargin(centred);
+}
+
+/// Clears the profile line behind a number.
+void PutOnGround(QGraphicsTextItem *item, const QColor &ground)
+{
+    QTextCursor all(item->document());
+    all.select(QTextCursor::Document);
+    QTextCharFormat format;
+    format.setBackground(ground);
+    all.mergeCharFormat(format);
 }
 
 void MoveRightEdgeTo(QGraphicsTextItem *item, double x)
@@ -155,20 +177,29 @@ void EbulaGraphicsScene::DrawRow(int slot, const TimeTableEntry &entry, const Ro
     // Every slot has its items, empty texts too: the cursor finds its row by them.
     kmItems.append(AddText(DistanceText(entry.distance), style.plain, {0.0, y}, style.margin));
     MoveRightEdgeTo(kmItems.last(), 2.0 * c - textInset);
-    symbolItems.append(AddText(entry.symbol, style.plain, {2.0 * c + 10.0, y}, style.margin));
+    symbolItems.append(AddText(entry.symbol, style.plain,
+                               {2.0 * c + std::min(10.0, textInset / 4.0), y}, style.margin));
+    CentreIn(symbolItems.last(), style.height, style.margin);
     nameItems.append(AddText(entry.name, weighted, {2.0 * c + textInset, y}, style.margin));
     gradientItems.append(AddText(entry.gradient, style.plain, {0.0, y}, style.margin));
     MoveRightEdgeTo(gradientItems.last(), 5.0 * c);
     arrivalItems.append(AddText(entry.arrival, weighted, {5.0 * c + 10.0, y}, style.margin));
     departureItems.append(AddText(entry.departure, weighted, {6.0 * c + 10.0, y}, style.margin));
 
-    // A name longer than its three columns would run into the times.
-    const int room = static_cast<int>(gradientItems.last()->x() - nameItems.last()->x());
-    if (nameItems.last()->boundingRect().width() > room) {
-        nameItems.last()->setPlainText(QString());
-        ShowFitted(nameItems.last(), entry.name, room - 2 * static_cast<int>(style.margin),
-                   y + style.height / 2.0);
-    }
+    // Texts too long for their place would run into their neighbours.
+    FitRowText(symbolItems.last(), nameItems.last()->x(), style);
+    FitRowText(nameItems.last(), gradientItems.last()->x(), style);
+}
+
+void EbulaGraphicsScene::FitRowText(QGraphicsTextItem *item, double rightEdge,
+                                    const RowStyle &style)
+{
+    const double room = rightEdge - item->x() - 2.0 * item->document()->documentMargin();
+    if (item->document()->idealWidth() - 2.0 * item->document()->documentMargin() <= room)
+        return;
+    const QString text = item->toPlainText();
+    item->setPlainText(QString());
+    ShowFitted(item, text, static_cast<int>(room), item->y() + style.height / 2.0);
 }
 
 /// A change of speed is a step across the column, with the speed that ends there above it; the
@@ -192,6 +223,7 @@ void EbulaGraphicsScene::DrawSpeed(int slot, int speed, int speedAbove, bool isL
 void EbulaGraphicsScene::AddSpeedText(int speed, double y, const RowStyle &style)
 {
     QGraphicsTextItem *text = AddText(QString::number(speed), style.bold, {0.0, y}, style.margin);
+    PutOnGround(text, backgroundBrush().color());
     MoveRightEdgeTo(text, layout.column - 10.0);
     speedTexts.append(text);
 }

@@ -27,13 +27,13 @@ bool IsStop(const TimeTableEntry &entry)
 class NearFilter
 {
 public:
-    explicit NearFilter(float latitude, float longitude, double km)
-        : latitude(latitude), longitude(longitude)
+    NearFilter(float trainLatitude, float trainLongitude, double km)
+        : latitude(trainLatitude), longitude(trainLongitude)
     {
         constexpr double degreesPerKm = 180.0 / 3.141592653589793 / 6378.137;
         latitudeSpan = 1.05 * km * degreesPerKm;
         // A chord is at least 2/pi of its arc, and the narrowest parallel in reach counts.
-        const double narrowest = std::cos((std::abs(double(latitude)) + latitudeSpan) / 57.29577);
+        const double narrowest = std::cos((std::abs(latitude) + latitudeSpan) / 57.29577);
         longitudeSpan = narrowest > 0.01 ? latitudeSpan * 1.6 / narrowest : 360.0;
     }
 

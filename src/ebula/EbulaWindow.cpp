@@ -1,6 +1,7 @@
 #include "EbulaWindow.h"
 
 #include "EbulaGraphicsScene.h"
+#include "KabdataSettings.h"
 #include "WidgetMFD.h"
 
 #include <QGraphicsView>
@@ -10,6 +11,9 @@ WidgetMFD *OpenEbulaWindow(KabdataSettings *settings, TrainData *train, Qt::Wind
 {
     auto *frame = new WidgetMFD(settings, WidgetMFD::FrameMfd, nullptr, flags);
     frame->setMinimumSize(400, 300);
+    // The frame restored its geometry under the larger minimum of its form.
+    if (settings != nullptr)
+        frame->restoreGeometry(settings->WindowGeometry(frame->windowTitle()));
     frame->setWindowIcon(QIcon(QStringLiteral(":/icons/icon_ebula")));
     // A simulated start of the displays begins on the black page.
     frame->SetPage(WidgetMFD::PageGraphicsView);

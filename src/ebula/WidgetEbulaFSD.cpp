@@ -21,6 +21,10 @@ WidgetEbulaFSD::~WidgetEbulaFSD() = default;
 void WidgetEbulaFSD::Fill()
 {
     const QString span = timeTable.CreateDate + QLatin1Char('-') + timeTable.ExpiryDate;
+    QFont bold = font();
+    bold.setBold(true);
+    ui->label_name->setFont(bold);
+    ui->label_number->setFont(bold);
     ui->label_number->setText(timeTable.TrainNumber);
     ui->label_validity->setText(span);
     ui->label_date->setText(span);

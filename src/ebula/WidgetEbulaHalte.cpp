@@ -2,10 +2,18 @@
 
 #include "ui_WidgetHalte.h"
 
+#include <algorithm>
 #include <array>
 
 namespace {
 constexpr std::array<int, 4> kColumnWidths{200, 200, 80, 80};
+
+constexpr int kCellPadding = 14;
+
+QString CaptionText()
+{
+    return QStringLiteral("planmäßigen Haltestellen");
+}
 
 bool IsListed(const TimeTableEntry &entry)
 {
@@ -41,7 +49,7 @@ void WidgetEbulaHalte::Fill()
     // A table without rows takes neither an item nor a span.
     if (table->rowCount() == 0)
         return;
-    auto *caption = new QTableWidgetItem(QStringLiteral("Liste der\nplanmäßigen Haltestellen"));
+    auto *caption = new QTableWidgetItem(QStringLiteral("Liste der\n") + CaptionText());
     caption->setTextAlignment(Qt::AlignLeft | Qt::AlignTop);
     table->setItem(0, 0, caption);
     if (table->rowCount() > 1)
@@ -51,11 +59,19 @@ void WidgetEbulaHalte::Fill()
 void WidgetEbulaHalte::FitColumns()
 {
     QTableWidget *table = ui->tableWidget;
-    table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 6);
-    int natural = 0;
-    for (const int width : kColumnWidths)
-        natural += width;
-    const int room = table->viewport()->width();
+    const QFontMetrics metrics(font());
+    QHeaderView *header = table->horizontalHeader();
     for (int column = 0; column < table->columnCount(); ++column)
-        table->setColumnWidth(column, kColumnWidths.at(column) * room / natural);
+        table->horizontalHeaderItem(column)->setFont(font());
+    table->verticalHeader()->setDefaultSectionSize(metrics.height() + 6);
+    const QString longestTime = QStringLiteral("00:00:00");
+    table->setColumnWidth(0, metrics.horizontalAdvance(CaptionText()) + kCellPadding);
+    for (const int column : {2, 3}) {
+        const QString caption = table->horizontalHeaderItem(column)->text();
+        table->setColumnWidth(
+            column,
+            std::max(metrics.horizontalAdvance(longestTime), metrics.horizontalAdvance(caption))
+                + kCellPadding);
+    }
+    header->setSectionResizeMode(1, QHeaderView::Stretch);
 }

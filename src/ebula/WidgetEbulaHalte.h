@@ -20,7 +20,7 @@ public:
     ~WidgetEbulaHalte() override;
 
     void Fill();
-    /// Spreads the columns in their proportions over the table's width.
+    /// Gives the columns what the widget's font needs, and the names all the rest.
     void FitColumns();
 
 private:
