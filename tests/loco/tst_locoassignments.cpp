@@ -143,6 +143,9 @@ void TestLocoAssignments::damagedSizesAreSurvived_data()
     QTest::newRow("ten come after nine")
         << QByteArray("[a]\nlocos\\size=10\nlocos\\10\\loco=j\nlocos\\9\\loco=i\n")
         << QStringList{"i", "j"};
+    QTest::newRow("a name with a comma, edited by hand")
+        << QByteArray("[a]\nlocos\\size=1\nlocos\\1\\loco=BR 101, red\n")
+        << QStringList{"BR 101, red"};
     QTest::newRow("a negative size")
         << QByteArray("[a]\nlocos\\size=-5\nlocos\\1\\loco=x\n") << QStringList{};
 }
