@@ -1,0 +1,77 @@
+#include "ScreenText.h"
+
+#include "ControlLight.h"
+#include "ValueBar.h"
+
+#include <QLineEdit>
+#include <QTableWidget>
+
+#include <algorithm>
+
+namespace {
+/// Everything derived from a label draws its own scale, except for the lamp.
+bool IsPlainText(const QWidget *widget)
+{
+    return widget->metaObject() == &QLabel::staticMetaObject
+        || qobject_cast<const ControlLight *>(widget) != nullptr
+        || qobject_cast<const QLineEdit *>(widget) != nullptr
+        || qobject_cast<const QTableWidget *>(widget) != nullptr;
+}
+} // namespace
+
+void ScreenText::Take(QWidget *page)
+{
+    bars = page->findChildren<ValueBar *>();
+    const auto widgets = page->findChildren<QWidget *>();
+    for (QWidget *each : widgets) {
+        if (IsPlainText(each) && each->font().pointSizeF() > 0.0)
+            designed.insert(each, each->font().pointSizeF());
+    }
+    for (const ValueBar *each : qAsConst(bars))
+        FitValueBox(each);
+}
+
+void ScreenText::SetPointSize(QWidget *widget, double pointSize)
+{
+    designed.insert(widget, pointSize);
+    Apply(widget, pointSize);
+}
+
+void ScreenText::Grow(double newFactor)
+{
+    newFactor = std::max(1.0, newFactor);
+    if (qFuzzyCompare(newFactor, factor))
+        return;
+    factor = newFactor;
+    for (auto each = designed.cbegin(); each != designed.cend(); ++each)
+        Apply(each.key(), each.value());
+    for (const ValueBar *each : qAsConst(bars))
+        FitValueBox(each);
+}
+
+void ScreenText::Apply(QWidget *widget, double pointSize) const
+{
+    QFont font = widget->font();
+    font.setPointSizeF(pointSize * factor);
+    if (font != widget->font())
+        widget->setFont(font);
+}
+
+void ScreenText::SetBarRange(ValueBar *bar, int min, int max) const
+{
+    if (bar->minValue == min && bar->maxValue == max)
+        return;
+    bar->setRange(min, max);
+    FitValueBox(bar);
+}
+
+/// The bar lays its box out for its own font, which is in units of its drawing.
+void ScreenText::FitValueBox(const ValueBar *bar) const
+{
+    const QFontMetrics drawn(bar->font());
+    const int widest = std::max({drawn.horizontalAdvance(QString::number(bar->minValue)),
+                                 drawn.horizontalAdvance(QString::number(bar->maxValue)),
+                                 drawn.horizontalAdvance(QStringLiteral("-000"))});
+    const int wide = widest + 2 * drawn.averageCharWidth();
+    bar->valueLabel->resize(qRound(wide * factor), qRound((drawn.height() + 4) * factor));
+}
