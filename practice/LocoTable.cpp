@@ -247,22 +247,23 @@ const LocoRow *FindLoco(const QString &name)
 QVector<LocoController> ControllersOf(const LocoRow &loco)
 {
     QVector<LocoController> all;
+    auto fixed = loco.fixedIds.cbegin();
+    const auto addFixed = [&all, &fixed, &loco] {
+        for (; fixed != loco.fixedIds.cend() && fixed->id == all.size(); ++fixed)
+            all.append(FromRow({fixed->name, fixed->min, fixed->max}));
+    };
     for (const Block &block : loco.blocks) {
-        for (const ControllerRow &row : block)
+        for (const ControllerRow &row : block) {
+            addFixed();
             all.append(FromRow(row));
-    }
-    for (const FixedController &fixed : loco.fixedIds) {
-        while (all.size() < fixed.id) {
-            LocoController reserve;
-            reserve.name = QStringLiteral("Reserve_%1").arg(all.size(), 3, 10, QLatin1Char('0'));
-            reserve.max = 1;
-            all.append(reserve);
         }
-        LocoController controller;
-        controller.name = QString::fromUtf8(fixed.name);
-        controller.min = fixed.min;
-        controller.max = fixed.max;
-        all.append(controller);
+    }
+    addFixed();
+    while (fixed != loco.fixedIds.cend()) {
+        LocoController reserve = FromRow({"", 0, 1});
+        reserve.name = QStringLiteral("Reserve_%1").arg(all.size(), 3, 10, QLatin1Char('0'));
+        all.append(reserve);
+        addFixed();
     }
     return all;
 }

@@ -34,7 +34,7 @@ struct BrakeRow
     int vmaxPassenger;
 };
 
-/// A controller that has to have a certain number.
+/// A controller that has to have a certain number. A loco tells them in rising order.
 struct FixedController
 {
     int id;

@@ -78,14 +78,15 @@ QStringList ControllerList::Describe() const
 bool ControllerList::SaveToFile(const QString &path) const
 {
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Text)) {
-        qCWarning(lcMain).noquote() << "can not open FILE: " << path;
-        return false;
+    if (file.open(QIODevice::WriteOnly | QIODevice::Text)) {
+        QTextStream stream(&file);
+        stream.setCodec("UTF-8");
+        for (const QString &line : Describe())
+            stream << line << '\n';
+        stream.flush();
+        if (stream.status() == QTextStream::Ok && file.commit())
+            return true;
     }
-    QTextStream stream(&file);
-    stream.setCodec("UTF-8");
-    for (const QString &line : Describe())
-        stream << line << '\n';
-    stream.flush();
-    return stream.status() == QTextStream::Ok && file.commit();
+    qCWarning(lcMain).noquote() << "can not open FILE: " + path;
+    return false;
 }

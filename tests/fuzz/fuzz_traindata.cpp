@@ -1,5 +1,8 @@
 #include "TrainData.h"
 
+#include <QByteArray>
+#include <QList>
+
 #include <cmath>
 #include <cstdlib>
 

@@ -4,14 +4,29 @@
 #include "WorkFolderFiles.h"
 
 #include <QAction>
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QLabel>
 #include <QPushButton>
-#include <QTest>
 
 namespace {
 constexpr int kPatienceMs = 20000;
+
+/// Turns the event loop until the condition holds. It sleeps only while there is nothing to do:
+/// the far end lives in the same loop, and every pause here would be one of the simulator's.
+template <typename Condition>
+bool WaitFor(Condition condition)
+{
+    const QDeadlineTimer patience(kPatienceMs);
+    while (!condition()) {
+        if (patience.hasExpired())
+            return false;
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    return true;
 }
+} // namespace
 
 Journey::Journey(const QString &loco, const QString &timetable)
     : server(std::make_unique<practice::PracticeServer>(model))
@@ -43,14 +58,13 @@ Journey::~Journey() = default;
 bool Journey::Connect()
 {
     window->findChild<QPushButton *>(QStringLiteral("pushButton_clientStartStop"))->click();
-    return QTest::qWaitFor([this] { return LocoText() == model.Loco().name; }, kPatienceMs);
+    return WaitFor([this] { return LocoText() == model.Loco().name; });
 }
 
 bool Journey::Disconnect()
 {
     window->findChild<QPushButton *>(QStringLiteral("pushButton_clientStartStop"))->click();
-    return QTest::qWaitFor([this] { return StartButtonText() == QLatin1String("Start"); },
-                           kPatienceMs);
+    return WaitFor([this] { return StartButtonText() == QLatin1String("Start"); });
 }
 
 void Journey::KillSimulator()
@@ -67,12 +81,10 @@ bool Journey::RestartSimulator()
 bool Journey::WaitForClock()
 {
     const int clock = model.Clock();
-    return QTest::qWaitFor(
-        [this, clock] {
-            const TrainData &train = window->Train();
-            return (train.hour * 60 + train.minute) * 60 + train.second == clock;
-        },
-        kPatienceMs);
+    return WaitFor([this, clock] {
+        const TrainData &train = window->Train();
+        return (train.hour * 60 + train.minute) * 60 + train.second == clock;
+    });
 }
 
 bool Journey::Drive(int seconds)

@@ -1,0 +1,143 @@
+#include "TestMain.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QTcpSocket>
+#include <QTemporaryDir>
+
+namespace {
+
+/// The started program; ended with the object.
+class Program
+{
+public:
+    explicit Program(const QStringList &arguments) { process.start(PRACTICE_PROGRAM, arguments); }
+    ~Program()
+    {
+        process.kill();
+        process.waitForFinished();
+    }
+
+    bool Ends() { return process.waitForFinished(); }
+    QByteArray FirstLine()
+    {
+        while (!process.canReadLine() && process.waitForReadyRead()) { }
+        return process.readLine();
+    }
+
+    QProcess process;
+};
+
+} // namespace
+
+class TestPracticeProgram : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void wrongArgumentsAreExplained_data();
+    void wrongArgumentsAreExplained();
+    void itTellsItsPortAndServes();
+    void itObeysStandardInput();
+    void itEndsByItself_data();
+    void itEndsByItself();
+    void aTakenPortIsReported();
+    void itWritesTheWorkFolder();
+};
+
+void TestPracticeProgram::wrongArgumentsAreExplained_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QByteArray>("text");
+    QTest::newRow("a port out of range") << QStringList{"--port", "65536"} << QByteArray("--port");
+    QTest::newRow("a port that is none") << QStringList{"--port", "http"} << QByteArray("http");
+    QTest::newRow("fields that no reply has")
+        << QStringList{"--fields", "8"} << QByteArray("6, 9 or 17");
+    QTest::newRow("an unknown loco") << QStringList{"--loco", "X"} << QByteArray("Railjet");
+    QTest::newRow("an unknown timetable")
+        << QStringList{"--timetable", "X"} << QByteArray("IC 2021");
+    QTest::newRow("an unknown fault") << QStringList{"--fault", "x"} << QByteArray("garbage");
+    QTest::newRow("an unknown option") << QStringList{"--wat"} << QByteArray("wat");
+    QTest::newRow("standing time") << QStringList{"--speedup", "0"} << QByteArray("--speedup");
+}
+
+void TestPracticeProgram::wrongArgumentsAreExplained()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QByteArray, text);
+    Program program(arguments);
+    QVERIFY(program.Ends());
+    QCOMPARE(program.process.exitCode(), 2);
+    QVERIFY(program.process.readAllStandardError().contains(text));
+    QVERIFY(program.process.readAllStandardOutput().isEmpty());
+}
+
+void TestPracticeProgram::itTellsItsPortAndServes()
+{
+    Program program({"--port", "0", "--loco", "Railjet 1116 201", "--speedup", "100"});
+    const QByteArray line = program.FirstLine();
+    QVERIFY2(line.startsWith("listening on "), line.constData());
+    QTcpSocket socket;
+    socket.connectToHost("127.0.0.1", line.mid(13).trimmed().toUShort());
+    socket.write("@000025;005;000001;Get Loco name;");
+    QTRY_COMPARE(socket.bytesAvailable(), 36);
+    QCOMPARE(socket.readAll(), QByteArray("@000028;005;000001;Railjet 1116 201;"));
+    const auto ask = [&socket] {
+        socket.write("@000026;004;000002;Get Train data;");
+        socket.waitForReadyRead();
+        return socket.readAll();
+    };
+    QTRY_VERIFY2(!ask().startsWith("@000058;004;000002;50.9430000:"), "the train departs");
+}
+
+void TestPracticeProgram::itObeysStandardInput()
+{
+    Program program({"--port", "0"});
+    program.FirstLine();
+    program.process.write("set Horn 1\nloco BR 145\nquit\n");
+    QVERIFY(program.Ends());
+    QCOMPARE(program.process.exitCode(), 0);
+    QCOMPARE(program.process.readAllStandardError().replace("\r", ""),
+             QByteArray("Horn = 1\nloco changed to BR 145 023 Rheintal\n"));
+}
+
+void TestPracticeProgram::itEndsByItself_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::newRow("after its time") << QStringList{"--port", "0", "--run-for", "0.2"};
+    QTest::newRow("with standard input")
+        << QStringList{"--port", "0", "--exit-with-stdin", "--run-for", "1000"};
+}
+
+void TestPracticeProgram::itEndsByItself()
+{
+    QFETCH(QStringList, arguments);
+    Program program(arguments);
+    QVERIFY(program.FirstLine().startsWith("listening"));
+    program.process.closeWriteChannel();
+    QVERIFY(program.Ends());
+    QCOMPARE(program.process.exitCode(), 0);
+}
+
+void TestPracticeProgram::aTakenPortIsReported()
+{
+    Program first({"--port", "0"});
+    const QString port = QString::fromLatin1(first.FirstLine().mid(13).trimmed());
+    Program second({"--port", port});
+    QVERIFY(second.Ends());
+    QCOMPARE(second.process.exitCode(), 1);
+    QVERIFY(second.process.readAllStandardError().contains("cannot listen on port"));
+}
+
+void TestPracticeProgram::itWritesTheWorkFolder()
+{
+    const QTemporaryDir folder;
+    Program program({"--write-workfolder", folder.filePath("deep/work")});
+    QVERIFY(program.Ends());
+    QCOMPARE(program.process.exitCode(), 0);
+    for (const char *name : {"locos.cfg", "lococonfig/br101.cfg", "roadsections/Koeln-Koblenz.sfp"})
+        QVERIFY2(QFile::exists(folder.filePath("deep/work/") + name), name);
+}
+
+ZUGBLICK_TEST_MAIN(TestPracticeProgram)
+#include "tst_practice_program.moc"
