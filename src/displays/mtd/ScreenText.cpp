@@ -1,6 +1,7 @@
 #include "ScreenText.h"
 
 #include "ControlLight.h"
+#include "MtdDigitBox.h"
 #include "ValueBar.h"
 
 #include <QLineEdit>
@@ -9,10 +10,11 @@
 #include <algorithm>
 
 namespace {
-/// Everything derived from a label draws its own scale, except for the lamp.
+/// Everything derived from a label draws its own scale, except for the lamp and the digit.
 bool IsPlainText(const QWidget *widget)
 {
     return widget->metaObject() == &QLabel::staticMetaObject
+        || qobject_cast<const MtdDigitBox *>(widget) != nullptr
         || qobject_cast<const ControlLight *>(widget) != nullptr
         || qobject_cast<const QLineEdit *>(widget) != nullptr
         || qobject_cast<const QTableWidget *>(widget) != nullptr;
