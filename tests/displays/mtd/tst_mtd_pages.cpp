@@ -88,7 +88,7 @@ void TestMtdPages::nothingIsCut()
     screen.OnUpdateSecondTimer();
     if (state == 4)
         Press(screen, {QStringLiteral("E")});
-    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents();
     const auto labels = screen.PageWidget(2)->findChildren<QLabel *>();
     for (const QLabel *label : labels) {
         if (!label->isVisible() || label->text().isEmpty())
