@@ -34,6 +34,7 @@ private slots:
     void pagingKeysMoveThePage();
     void pagingGivesWayToTracking();
     void unchangedPageIsNotBuiltAgain();
+    void redrawsLeaveNothingBehind();
     void nightTurnsTheColors();
     void menuLabelsStandOverTheirKeys();
     void switchedOffSceneLeavesTheFrameUsable();
@@ -332,6 +333,25 @@ void TestEbulaScene::unchangedPageIsNotBuiltAgain()
     QCOMPARE(scene.Names().last(), QStringLiteral("Anderswo"));
 }
 
+void TestEbulaScene::redrawsLeaveNothingBehind()
+{
+    EbulaStand stand;
+    SceneProbe &scene = *stand.scene;
+    scene.TakePlan(PlanOf(60));
+    const QStringList round{"2", "2", "kont", "0", "1", "kont", "C"};
+    scene.Press(round);
+    scene.RenderTimeTable(1);
+    const int items = scene.items().size();
+    const int widgets = QApplication::allWidgets().size();
+    for (int i = 0; i < 20; ++i) {
+        scene.Press(round);
+        scene.RenderTimeTable(20);
+        scene.RenderTimeTable(1);
+    }
+    QCOMPARE(scene.items().size(), items);
+    QCOMPARE(QApplication::allWidgets().size(), widgets);
+}
+
 void TestEbulaScene::nightTurnsTheColors()
 {
     EbulaStand stand;
@@ -339,7 +359,10 @@ void TestEbulaScene::nightTurnsTheColors()
     scene.TakePlan(PlanOf(3));
     QCOMPARE(GroundOf(scene), QColor(255, 255, 255));
     QCOMPARE(scene.nameItems.at(0)->defaultTextColor(), QColor(Qt::black));
-    scene.Press({QStringLiteral("2"), QStringLiteral("kont")});
+    scene.Press({QStringLiteral("2")});
+    const QList<QGraphicsProxyWidget *> labels = scene.menuButtons;
+    scene.Press({QStringLiteral("kont")});
+    QCOMPARE(scene.menuButtons, labels);
     QCOMPARE(GroundOf(scene), QColor(30, 30, 30));
     QCOMPARE(scene.nameItems.at(0)->defaultTextColor(), QColor(Qt::white));
     QCOMPARE(scene.nameItems.size(), 3);
