@@ -59,7 +59,7 @@ void TestMtdPages::nothingIsCut_data()
 {
     QTest::addColumn<int>("state");
     QTest::addColumn<QSize>("size");
-    const char *const pages[] = {"basic",     "effort",   "workshop", "train data",
+    const char *const pages[] = {"basic", "effort",   "workshop", "train data",
                                  "entry", "help BRA", "help BRH"};
     for (int state = 0; state < 7; ++state) {
         for (const QSize &size : {QSize(800, 500), QSize(1200, 750), QSize(1600, 1000)}) {
