@@ -321,7 +321,9 @@ void TestMtdValues::equalPassPaintsNothing()
           QStringLiteral("0"), QStringLiteral("4"), QStringLiteral("1")}) {
         Press(cab.screen, {key});
         cab.screen.OnUpdateSecondTimer();
-        QCoreApplication::processEvents();
+        // A page that is shown for the first time is laid out in several rounds of events.
+        for (int round = 0; round < 3; ++round)
+            QCoreApplication::processEvents();
         PaintCounter counter(cab.screen);
         for (int pass = 0; pass < 5; ++pass) {
             cab.screen.OnUpdateSecondTimer();
