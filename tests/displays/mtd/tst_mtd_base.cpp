@@ -176,10 +176,10 @@ void TestMtdBase::textGrowsWithTheScreen()
     const QSize box = screen.bar.valueLabel->size();
     screen.resize(1600, 1004);
     QTRY_VERIFY(std::abs(screen.label.font().pointSizeF() / designed - 2.0) < 0.05);
-    QTRY_VERIFY(screen.bar.valueLabel->height() > 1.9 * box.height());
+    QTRY_VERIFY(screen.bar.valueLabel->height() > 1.5 * box.height());
     screen.resize(1600, 502);
     QTRY_COMPARE(screen.label.font().pointSize(), designed);
-    QTRY_COMPARE(screen.bar.valueLabel->size(), box);
+    QTRY_VERIFY(screen.bar.valueLabel->height() < 1.2 * box.height());
 }
 
 void TestMtdBase::nightIsDarkBeforeADayIsSet()
