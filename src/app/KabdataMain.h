@@ -126,6 +126,8 @@ private:
     bool OpenScreen(Screen screen);
     template <typename Display>
     void OpenMfa();
+    template <typename Display>
+    void OpenMtd();
     void OpenMainUs();
     bool CloseEditors();
     void TrackEditor(QWidget *window);
