@@ -60,6 +60,14 @@ TSClientThread::~TSClientThread()
         jobs.clear();
     }
     wait();
+    if (interface == nullptr)
+        return;
+    // A window may close while its connect is still under way. Socket and library belong to this
+    // thread, so they go on it, in one last run that nobody hears.
+    blockSignals(true);
+    ending = true;
+    QThread::start();
+    wait();
 }
 
 void TSClientThread::AddJob(const Job &job)
@@ -112,6 +120,10 @@ void TSClientThread::OnDisconnected()
 
 void TSClientThread::run()
 {
+    if (ending) {
+        interface.reset();
+        return;
+    }
     Job job;
     while (TakeNextJob(job)) {
         Dispatch(job);
