@@ -56,6 +56,7 @@ private slots:
     void init();
     void aSession();
     void theTrainDrivesByItself();
+    void aWrongOptionLeavesTheTrainAsItIs();
     void lackingAFunction_data();
     void lackingAFunction();
     void theLibraryMayGoBetweenTwoConnects();
@@ -138,6 +139,17 @@ void TestDirectLibrary::theTrainDrivesByItself()
     const QStringList after = fields();
     QVERIFY(after[0] != before[0]);
     QVERIFY(after[4] != before[4]);
+}
+
+void TestDirectLibrary::aWrongOptionLeavesTheTrainAsItIs()
+{
+    qputenv("ZUGBLICK_PRACTICE", "--loco;BR 145 023 Rheintal;--speedup;fast");
+    QTest::ignoreMessage(QtWarningMsg,
+                         "ZUGBLICK_PRACTICE: --speedup: \"fast\" is no number from 0.01 to 1000");
+    Install("RailDriver64.dll");
+    Worker worker(*settings);
+    QCOMPARE(worker.Ask(JobConnect), kConnected);
+    QCOMPARE(worker.Ask(JobLocoName), QString("BR 101 042 Rheintal"));
 }
 
 void TestDirectLibrary::lackingAFunction_data()
