@@ -2,6 +2,7 @@
 
 #include "KabdataMain.h"
 
+#include "DlgOverviewControllerlist.h"
 #include "KabdataSettings.h"
 #include "Log.h"
 #include "Numbers.h"
@@ -44,6 +45,7 @@ void KabdataMain::Connect()
                                        QString::number(settings->EthernetPort())));
     StartThread();
     ui->actionSave_Controllerlist->setEnabled(true);
+    ui->actionOverview_Controllerlist->setEnabled(true);
 }
 
 void KabdataMain::Disconnect()
@@ -135,7 +137,7 @@ void KabdataMain::OnTSClientJobFinsished(Job job)
 void KabdataMain::ShowConnectionLost()
 {
     SetAddressReadOnly(false);
-    ui->label_loco->setText(QStringLiteral("no loco"));
+    ShowLoco(QStringLiteral("no loco"));
     ShowInterfaceState(false);
     ui->pushButton_clientStartStop->setText(QStringLiteral("Start"));
     OnDebugString(QStringLiteral("(Client) - %1 not connected")
@@ -293,7 +295,7 @@ void KabdataMain::HandleLocoName(const Job &job)
     trainData.locoName = job.text;
     OnLoadLocoConfig();
     OnDebugString(QStringLiteral("Loco Name changed: ") + job.text, LogNotification);
-    ui->label_loco->setText(currentLoco);
+    ShowLoco(currentLoco);
 }
 
 bool KabdataMain::OnLoadLocoConfig()
