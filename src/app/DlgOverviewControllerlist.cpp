@@ -14,6 +14,11 @@ namespace {
 const QStringList kHeads{QStringLiteral("ID"), QStringLiteral("Name"), QStringLiteral("Value"),
                          QStringLiteral("Min"), QStringLiteral("Max")};
 constexpr int kNameColumn = 1;
+
+Qt::Alignment AlignmentOf(int column)
+{
+    return (column == kNameColumn ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter;
+}
 } // namespace
 
 DlgOverviewControllerlist::DlgOverviewControllerlist(QWidget *parent)
@@ -25,8 +30,8 @@ DlgOverviewControllerlist::DlgOverviewControllerlist(QWidget *parent)
     ui->tableWidget->setColumnCount(kHeads.size());
     ui->tableWidget->setHorizontalHeaderLabels(kHeads);
     ui->tableWidget->horizontalHeader()->setSectionResizeMode(kNameColumn, QHeaderView::Stretch);
-    ui->tableWidget->horizontalHeaderItem(kNameColumn)
-        ->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    for (int column = 0; column < kHeads.size(); ++column)
+        ui->tableWidget->horizontalHeaderItem(column)->setTextAlignment(AlignmentOf(column));
     connect(ui->pushButton_save, &QPushButton::clicked, this,
             &DlgOverviewControllerlist::OnSaveList);
     connect(ui->buttonBox, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -54,8 +59,7 @@ void DlgOverviewControllerlist::SetCell(int row, int column, const QString &text
     QTableWidgetItem *item = ui->tableWidget->item(row, column);
     if (item == nullptr) {
         item = new QTableWidgetItem(text);
-        const Qt::Alignment side = column == kNameColumn ? Qt::AlignLeft : Qt::AlignRight;
-        item->setTextAlignment(side | Qt::AlignVCenter);
+        item->setTextAlignment(AlignmentOf(column));
         ui->tableWidget->setItem(row, column, item);
     } else if (item->text() != text) {
         item->setText(text);

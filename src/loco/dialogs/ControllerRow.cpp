@@ -1,11 +1,11 @@
 #include "ControllerRow.h"
 
+#include "ControllerComboBox.h"
 #include "LocoFunctions.h"
 #include "Numbers.h"
 #include "ValueRule.h"
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRegularExpressionValidator>
@@ -32,11 +32,11 @@ ControllerRow::ControllerRow(const LocoFunction &rowFunction, QAbstractItemModel
     label->setText(LabelOf(function));
     label->setToolTip(QLatin1String(function.key));
 
-    combo = Add<QComboBox>(RowColumn::Controller,
-                           QStringLiteral("comboBox_") + QLatin1String(function.stem));
+    combo = Add<ControllerComboBox>(RowColumn::Controller,
+                                    QStringLiteral("comboBox_") + QLatin1String(function.stem));
     // Measuring hundreds of names for each of the rows would take longer than all else.
     combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    combo->setMinimumContentsLength(16);
+    combo->setMinimumContentsLength(14);
     combo->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     combo->setModel(entries);
     combo->setAccessibleName(LabelOf(function));
@@ -95,10 +95,8 @@ void ControllerRow::Fill(const VControllerBase &record)
         combo->setCurrentIndex(index >= 0 && index < combo->count() ? index : -1);
     }
     keptId = record.id;
-    combo->setPlaceholderText(
-        record.id < 0
-            ? record.name
-            : QStringLiteral("%1  (Nr. %2)").arg(record.name, QString::number(record.id)));
+    combo->SetTextWithoutEntry(
+        QStringLiteral("%1  (Nr. %2)").arg(record.name, QString::number(record.id)));
     min->setText(QString::number(record.min));
     max->setText(QString::number(record.max));
     std->setText(ToText(record.std));
@@ -157,9 +155,8 @@ void ControllerRow::ShowValue(const float *reported)
 
 bool ControllerRow::Matches(const QString &text) const
 {
-    const QString controller =
-        combo->currentIndex() >= 0 ? combo->currentText() : combo->placeholderText();
-    for (const QString &each : {LabelOf(function), QString::fromLatin1(function.key), controller}) {
+    for (const QString &each :
+         {LabelOf(function), QString::fromLatin1(function.key), combo->ShownText()}) {
         if (each.contains(text, Qt::CaseInsensitive))
             return true;
     }

@@ -3,11 +3,10 @@
 #include "Controllers.h"
 
 #include <QObject>
-#include <QPointer>
 
+class ControllerComboBox;
 class QAbstractItemModel;
 class QCheckBox;
-class QComboBox;
 class QLabel;
 class QLineEdit;
 struct LocoFunction;
@@ -40,7 +39,7 @@ public:
 
     const LocoFunction &Function() const { return function; }
     QWidget *Cell(RowColumn column) const { return cells[static_cast<int>(column)]; }
-    QComboBox *Combo() const { return combo; }
+    ControllerComboBox *Combo() const { return combo; }
 
     /// Shows a record. A controller beyond the list leaves the combo box without a selection, and
     /// its place tells the number and the name that are kept.
@@ -72,7 +71,7 @@ private:
     const LocoFunction &function;
     QWidget *const parentWidget;
     QWidget *cells[static_cast<int>(RowColumn::Count)] = {};
-    QComboBox *combo = nullptr;
+    ControllerComboBox *combo = nullptr;
     QLineEdit *min = nullptr;
     QLineEdit *max = nullptr;
     QLineEdit *std = nullptr;

@@ -1,14 +1,15 @@
 #include "DlgTrainConfigurator.h"
 
 #include "BrakeTable.h"
+#include "ControllerComboBox.h"
 #include "ControllerList.h"
 #include "KabdataSettings.h"
 #include "LocoFunctions.h"
 #include "WorkFolders.h"
 #include "ui_DlgTrainConfigurator.h"
 
-#include <QComboBox>
-#include <QStandardItemModel>
+#include <QHeaderView>
+#include <QShortcut>
 
 #include <iterator>
 
@@ -61,6 +62,9 @@ DlgTrainConfigurator::DlgTrainConfigurator(const KabdataSettings *programSetting
     for (const char *text : kConfigTypes)
         ui->comboBox_configTyp->addItem(QLatin1String(text));
     FillBrakeTable(ui->tableWidget_brakes, {});
+    QHeaderView *heads = ui->tableWidget_brakes->horizontalHeader();
+    heads->setSectionResizeMode(QHeaderView::Stretch);
+    heads->setDefaultAlignment(Qt::AlignRight | Qt::AlignVCenter);
     SetUpPages();
     SetUpButtons();
     SetUpTabOrder();
@@ -94,6 +98,7 @@ void DlgTrainConfigurator::SetUpButtons()
         QPushButton *button = ui->buttonBox->button(row.button);
         button->setText(QString::fromUtf8(row.text));
         button->setEnabled(!row.needsControllers);
+        button->setDefault(row.button == Box::Save);
     }
     ui->pushButton_export->setEnabled(settings->UserAllowed() == QLatin1String("1"));
     connect(ui->buttonBox, &QDialogButtonBox::clicked, this,
@@ -111,14 +116,26 @@ void DlgTrainConfigurator::SetUpPages()
     for (const FunctionGroup group : kFunctionGroups)
         ui->listWidget_pages->addItem(GroupLabel(group));
     ui->listWidget_pages->addItem(QStringLiteral("Bremstabelle"));
+    constexpr int kListMargin = 24;
+    const int listWidth = ui->listWidget_pages->sizeHintForColumn(0) + kListMargin;
+    ui->listWidget_pages->setFixedWidth(listWidth);
+    ui->lineEdit_search->setFixedWidth(listWidth);
     connect(ui->listWidget_pages, &QListWidget::currentRowChanged, this,
             &DlgTrainConfigurator::OnPageChanged);
+    // The page that is current already, to come back to it from a search.
+    connect(ui->listWidget_pages, &QListWidget::itemClicked, this,
+            [this] { OnPageChanged(ui->listWidget_pages->currentRow()); });
     connect(ui->lineEdit_search, &QLineEdit::textChanged, this,
             &DlgTrainConfigurator::OnSearchChanged);
     connect(ui->pushButton_brakeAdd, &QPushButton::clicked, this,
             &DlgTrainConfigurator::OnAddBrakeRow);
     connect(ui->pushButton_brakeRemove, &QPushButton::clicked, this,
             &DlgTrainConfigurator::OnRemoveBrakeRow);
+    auto *find = new QShortcut(QKeySequence::Find, this);
+    connect(find, &QShortcut::activated, this, [this] {
+        ui->lineEdit_search->setFocus(Qt::ShortcutFocusReason);
+        ui->lineEdit_search->selectAll();
+    });
     ui->label_noMatch->hide();
     ui->listWidget_pages->setCurrentRow(0);
 }
@@ -159,6 +176,7 @@ void DlgTrainConfigurator::OnPageChanged(int page)
         ui->lineEdit_search->clear(); // comes back here with the page that was chosen
         return;
     }
+    ui->listWidget_pages->setCurrentRow(page); // selects it again after a search
     ui->label_noMatch->hide();
     ui->stackedWidget->setCurrentWidget(page < kGroups ? ui->page_rows : ui->page_brakes);
     if (page < kGroups)
@@ -171,6 +189,7 @@ void DlgTrainConfigurator::OnSearchChanged(const QString &text)
         OnPageChanged(ui->listWidget_pages->currentRow());
         return;
     }
+    ui->listWidget_pages->clearSelection();
     ui->stackedWidget->setCurrentWidget(ui->page_rows);
     ui->label_noMatch->setVisible(ui->widget_table->ShowMatches(text) == 0);
 }

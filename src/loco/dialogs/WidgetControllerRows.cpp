@@ -2,7 +2,6 @@
 
 #include "LocoData.h"
 
-#include <QComboBox>
 #include <QGridLayout>
 #include <QHash>
 #include <QLabel>
@@ -29,8 +28,8 @@ const Head kHeads[] = {
     {RowColumn::Min, "Min", "Kleinster Wert des Controllers"},
     {RowColumn::Max, "Max", "Größter Wert des Controllers"},
     {RowColumn::Std, "Std", "Wert, der ohne Controller gilt (ganze Zahl)"},
-    {RowColumn::OverMin, "Over Min", "Kleinster Wert der Anzeige"},
-    {RowColumn::OverMax, "Over Max", "Größter Wert der Anzeige"},
+    {RowColumn::OverMin, "Over\nMin", "Kleinster Wert der Anzeige"},
+    {RowColumn::OverMax, "Over\nMax", "Größter Wert der Anzeige"},
     {RowColumn::Adjust, "Adjust", "Rechnet den Wert auf Over Min und Over Max um"},
     {RowColumn::Value, "Wert", "Was der Simulator jetzt meldet"},
     {RowColumn::Shown, "Anzeige", "Was die Anzeigen daraus machen"},
@@ -102,16 +101,16 @@ void WidgetControllerRows::SetColumnWidths(QGridLayout *grid) const
     grid->setHorizontalSpacing(2 * kGap);
     int labelWidth = 0;
     for (const LocoFunction &function : LocoFunctions())
-        labelWidth =
-            std::max(labelWidth, metrics.horizontalAdvance(QString::fromUtf8(function.label)));
-    const int number = metrics.horizontalAdvance(QStringLiteral("-100000")) + 4 * kGap;
+        labelWidth = std::max(labelWidth,
+                              fontMetrics().horizontalAdvance(QString::fromUtf8(function.label)));
+    const int number = metrics.horizontalAdvance(QStringLiteral("-10000")) + 2 * kGap;
     for (const Head &head : kHeads) {
-        const int needed = metrics.horizontalAdvance(QString::fromUtf8(head.text)) + kGap;
+        const int needed = metrics.size(0, QString::fromUtf8(head.text)).width();
         const int column = static_cast<int>(head.column);
         if (head.column == RowColumn::Controller)
             grid->setColumnStretch(column, 1);
         else if (head.column == RowColumn::Function)
-            grid->setColumnMinimumWidth(column, labelWidth);
+            grid->setColumnMinimumWidth(column, labelWidth + kGap);
         else
             grid->setColumnMinimumWidth(column,
                                         IsNumber(head.column) ? std::max(number, needed) : needed);

@@ -1,4 +1,5 @@
 #include "BrakeTable.h"
+#include "ControllerComboBox.h"
 #include "ControllerList.h"
 #include "DlgTrainConfigurator.h"
 #include "KabdataSettings.h"
@@ -260,6 +261,8 @@ void TestTrainConfigurator::aSavedFileKeepsItsBytes_data()
         loco.HLL.id = 80;
         loco.HLL.name = QStringLiteral("eins zu weit");
         loco.HBL.id = -5;
+        loco.Bremsart.id = 300;
+        loco.Bremsart.name.clear();
     });
     QTest::newRow("with display and type that no list offers") << Change([](LocoData &loco) {
         loco.display = 77;
@@ -280,6 +283,8 @@ void TestTrainConfigurator::aSavedFileKeepsItsBytes()
     const QByteArray before = WrittenFile(change);
     Write(ConfigPath("before.cfg"), before);
     Import(ConfigPath("before.cfg"), Answer::No);
+    QCOMPARE(Saved(), before);
+    Import(ConfigPath("before.cfg"), Answer::No); // over what is shown already
     QCOMPARE(Saved(), before);
 }
 
@@ -517,6 +522,8 @@ void TestTrainConfigurator::presentValuesStandBesideTheRows()
 
     Write(ConfigPath("a.cfg"), "HBL=90:fern:0:0:10:0:0:0:0\n");
     Import(ConfigPath("a.cfg"), Answer::No);
+    QCOMPARE(window->findChild<ControllerComboBox *>("comboBox_hbl")->ShownText(),
+             QString("fern  (Nr. 90)"));
     QCOMPARE(texts("hbl"), QStringList({"4", "4"})); // beyond the list, yet reported
     loaded.valid = false;
     QTRY_COMPARE(texts("hbl"), QStringList({"", ""}));
@@ -537,6 +544,9 @@ void TestTrainConfigurator::pagesAndSearchShowTheirRows()
         return stems;
     };
     pages->setCurrentRow(4);
+    search->setText("bremsart");
+    emit pages->itemClicked(pages->currentItem()); // back to the same page
+    QVERIFY(search->text().isEmpty());
     QCOMPARE(shown(), QStringList({"sifa_active", "sifa_weg", "sifazwang"}));
     Combo("pzb_85")->setCurrentIndex(78);
     search->setText("regler 77");
@@ -563,7 +573,7 @@ void TestTrainConfigurator::fitsASmallScreen()
     Import(ConfigPath("a.cfg"), Answer::No);
     const QSize design = window->size();
     window->show();
-    const QSize smallest = window->minimumSizeHint();
+    const QSize smallest = window->minimumSizeHint().expandedTo(window->minimumSize());
     QVERIFY2(smallest.width() <= 1366 && smallest.height() <= 700,
              qPrintable(QString::number(smallest.width())));
     // The heads stand above their columns, with every page in the table.
