@@ -102,6 +102,7 @@ private:
     void ShowInterfaceState(bool isConnected);
     void ShowLoco(const QString &text);
     bool CheckLogin(const QString &userName, const QString &userHash);
+    QString InterfaceName() const;
     LogFunction Logger();
 
     void Connect();
@@ -111,6 +112,7 @@ private:
     void AddJob(int type, const QString &text);
     void StartThread();
     void ShowConnectionLost();
+    void ShowQueue();
     bool HandleReply(const Job &job, bool notConnected);
     void HandleConnect(const Job &job);
     void HandleDisconnect();
@@ -130,6 +132,8 @@ private:
     bool OpenScreen(Screen screen);
     template <typename Display>
     void OpenMfa();
+    template <typename Display>
+    void OpenMtd();
     void OpenMainUs();
     bool CloseEditors();
     void TrackEditor(QWidget *window);
@@ -154,7 +158,11 @@ private:
     bool mtdOpen = false;
     bool mfaOpen = false;
     bool pressureOpen = false;
-    int pressureCount = 0; ///< `pressureOpen` says that it is above 0
+    // Each flag says that its count is above 0. A reconnect enables MFA and MTD again while a
+    // window is open, so that there may be two of them.
+    int mfaCount = 0;
+    int mtdCount = 0;
+    int pressureCount = 0;
     QDateTime recordStart;
     QPointer<DlgOverviewControllerlist> overviewDialog;
     QPointer<DlgTrainConfigurator> configurator;

@@ -11,6 +11,7 @@
 #include "WidgetMFA_OEBB8090.h"
 #include "WidgetMFA_Railjet.h"
 #include "WidgetMFD.h"
+#include "WidgetMTD_BR145.h"
 #include "WidgetMainUsDisplay.h"
 #include "ui_KabdataMain.h"
 
@@ -24,6 +25,7 @@ const KabdataMain::ScreenRow KabdataMain::kScreens[] = {
     {Screen::MfaRailjet, &KabdataMain::OpenMfa<WidgetMFA_Railjet>},
     {Screen::MfaOebb8090, &KabdataMain::OpenMfa<WidgetMFA_OEBB8090>},
     {Screen::MainUs, &KabdataMain::OpenMainUs},
+    {Screen::MtdBr145, &KabdataMain::OpenMtd<WidgetMTD_BR145>},
 };
 
 Qt::WindowFlags KabdataMain::DisplayFlags() const
@@ -57,6 +59,19 @@ void KabdataMain::OpenMfa()
     display->SetLocoData(&locoData);
 }
 
+template <typename Display>
+void KabdataMain::OpenMtd()
+{
+    auto *display = new Display(settings.get(), WidgetMFD::FrameSiemens, nullptr, DisplayFlags());
+    display->setMinimumSize(800, 500);
+    display->setWindowIcon(QIcon(QStringLiteral(":/icons/icon_mtd")));
+    connect(display, &Display::sigWriteControllerValue, this, &KabdataMain::OnWriteControllerValue);
+    connect(display, &QObject::destroyed, this, &KabdataMain::OnCloseMTD);
+    display->show();
+    display->SetTrainData(&trainData);
+    display->SetLocoData(&locoData);
+}
+
 void KabdataMain::OpenMainUs()
 {
     auto *display = new WidgetMainUsDisplay(settings.get(), &trainData, nullptr, false, nullptr,
@@ -73,6 +88,7 @@ void KabdataMain::OnOpenMFA()
     if (!OpenScreen(MfaScreen(locoData.display, currentLoco)))
         return;
     ui->actionMFA->setEnabled(false);
+    ++mfaCount;
     mfaOpen = true;
 }
 
@@ -81,6 +97,7 @@ void KabdataMain::OnOpenMTD()
     if (!OpenScreen(MtdScreen(locoData.display)))
         return;
     ui->actionMTD->setEnabled(false);
+    ++mtdCount;
     mtdOpen = true;
 }
 
@@ -113,13 +130,15 @@ void KabdataMain::OnCloseEbula()
 void KabdataMain::OnCloseMFA()
 {
     ui->actionMFA->setEnabled(true);
-    mfaOpen = false;
+    mfaCount = qMax(0, mfaCount - 1);
+    mfaOpen = mfaCount > 0;
 }
 
 void KabdataMain::OnCloseMTD()
 {
     ui->actionMTD->setEnabled(true);
-    mtdOpen = false;
+    mtdCount = qMax(0, mtdCount - 1);
+    mtdOpen = mtdCount > 0;
 }
 
 void KabdataMain::OnOpenDlgCheckNewFiles() { }
