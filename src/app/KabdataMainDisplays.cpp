@@ -141,15 +141,7 @@ void KabdataMain::OnCloseMTD()
     mtdOpen = mtdCount > 0;
 }
 
-void KabdataMain::OnOpenDlgOverviewControllerlist()
-{
-    AddJob(JobControllerListValues, QStringLiteral("Get ControllerlistValue"));
-}
-
-void KabdataMain::OnOpenDlgSettings() { }
-void KabdataMain::OnOpenDlgLocoAssign() { }
 void KabdataMain::OnOpenDlgCheckNewFiles() { }
-void KabdataMain::OnOpenDlgTrainConfigurator() { }
 void KabdataMain::OnOpenCabEditor() { }
 void KabdataMain::OnOpenWindowCreateRoadMap() { }
 void KabdataMain::OnOpenWindowCreateTrainSchedule() { }
