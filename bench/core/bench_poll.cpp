@@ -130,5 +130,3 @@ void PollCycle(benchmark::State &state)
 }
 BENCHMARK(PollCycle)->MeasureProcessCPUTime()->UseRealTime()->Unit(benchmark::kMicrosecond);
 } // namespace
-
-BENCHMARK_MAIN();

@@ -74,4 +74,3 @@ void ReadTimeTable(benchmark::State &state)
 
 BENCHMARK(LinesAndSplitAlone)->Unit(benchmark::kMillisecond);
 BENCHMARK(ReadTimeTable)->Unit(benchmark::kMillisecond);
-BENCHMARK_MAIN();

@@ -121,11 +121,22 @@ private:
     void LoadRunningDistance();
 
     Qt::WindowFlags DisplayFlags() const;
-    QWidget *CreateScreen(Screen screen);
+    bool OpenScreen(Screen screen);
+    template <typename Display>
+    void OpenMfa();
+    void OpenMainUs();
     bool CloseEditors();
     void TrackEditor(QWidget *window);
     void StopRecording();
     void AppendRecord();
+
+    /// How a screen is opened. Adding a display class is one row.
+    struct ScreenRow
+    {
+        Screen screen;
+        void (KabdataMain::*open)();
+    };
+    static const ScreenRow kScreens[];
 
     std::unique_ptr<Ui::KabdataMainClass> ui;
     std::unique_ptr<KabdataSettings> settings;

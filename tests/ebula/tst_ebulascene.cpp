@@ -34,6 +34,7 @@ private slots:
     void pagingKeysMoveThePage();
     void pagingGivesWayToTracking();
     void unchangedPageIsNotBuiltAgain();
+    void redrawsLeaveNothingBehind();
     void nightTurnsTheColors();
     void menuLabelsStandOverTheirKeys();
     void switchedOffSceneLeavesTheFrameUsable();
@@ -330,6 +331,25 @@ void TestEbulaScene::unchangedPageIsNotBuiltAgain()
     other.entries[0].name = QStringLiteral("Anderswo");
     scene.TakePlan(other);
     QCOMPARE(scene.Names().last(), QStringLiteral("Anderswo"));
+}
+
+void TestEbulaScene::redrawsLeaveNothingBehind()
+{
+    EbulaStand stand;
+    SceneProbe &scene = *stand.scene;
+    scene.TakePlan(PlanOf(60));
+    const QStringList round{"2", "2", "kont", "0", "1", "kont", "C"};
+    scene.Press(round);
+    scene.RenderTimeTable(1);
+    const int items = scene.items().size();
+    const int widgets = QApplication::allWidgets().size();
+    for (int i = 0; i < 20; ++i) {
+        scene.Press(round);
+        scene.RenderTimeTable(20);
+        scene.RenderTimeTable(1);
+    }
+    QCOMPARE(scene.items().size(), items);
+    QCOMPARE(QApplication::allWidgets().size(), widgets);
 }
 
 void TestEbulaScene::nightTurnsTheColors()
