@@ -2,7 +2,7 @@
 
 #include "KabdataMain.h"
 
-#include "EbulaGraphicsScene.h"
+#include "EbulaWindow.h"
 #include "KabdataSettings.h"
 #include "WidgetDisplayIndicator.h"
 #include "WidgetMFA_BR101.h"
@@ -86,16 +86,7 @@ void KabdataMain::OnOpenMTD()
 
 void KabdataMain::OnOpenEbuLa()
 {
-    auto *frame = new WidgetMFD(settings.get(), WidgetMFD::FrameMfd, nullptr, DisplayFlags());
-    frame->setMinimumSize(400, 300);
-    frame->setWindowIcon(QIcon(QStringLiteral(":/icons/icon_ebula")));
-    frame->SetPage(WidgetMFD::PageGraphicsView);
-    // The scene takes its size from the view, which has its own only once it is shown.
-    frame->show();
-    auto *scene = new EbulaGraphicsScene(settings.get(), frame, &trainData);
-    frame->SetScene(scene);
-    connect(frame, &WidgetMFD::sigButtonMenuClicked, scene,
-            &EbulaGraphicsScene::OnButtonMenuClicked);
+    WidgetMFD *frame = OpenEbulaWindow(settings.get(), &trainData, DisplayFlags());
     connect(frame, &QObject::destroyed, this, &KabdataMain::OnCloseEbula);
     ui->actionEbuLa->setEnabled(false);
     ebulaOpen = true;

@@ -359,7 +359,10 @@ void TestEbulaScene::nightTurnsTheColors()
     scene.TakePlan(PlanOf(3));
     QCOMPARE(GroundOf(scene), QColor(255, 255, 255));
     QCOMPARE(scene.nameItems.at(0)->defaultTextColor(), QColor(Qt::black));
-    scene.Press({QStringLiteral("2"), QStringLiteral("kont")});
+    scene.Press({QStringLiteral("2")});
+    const QList<QGraphicsProxyWidget *> labels = scene.menuButtons;
+    scene.Press({QStringLiteral("kont")});
+    QCOMPARE(scene.menuButtons, labels);
     QCOMPARE(GroundOf(scene), QColor(30, 30, 30));
     QCOMPARE(scene.nameItems.at(0)->defaultTextColor(), QColor(Qt::white));
     QCOMPARE(scene.nameItems.size(), 3);

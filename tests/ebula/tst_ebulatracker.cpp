@@ -5,6 +5,8 @@
 
 #include <cmath>
 
+Q_DECLARE_METATYPE(TrainTimeTable)
+
 using namespace EbulaTracker;
 
 class TestEbulaTracker : public QObject
@@ -356,8 +358,6 @@ void TestEbulaTracker::clockBeforeTheFirstTimeIsShownAsItStands()
     QCOMPARE(advice.delay->text, QStringLiteral("+0min"));
     QCOMPARE(advice.correction.value_or(-1), 0);
 }
-
-Q_DECLARE_METATYPE(TrainTimeTable)
 
 ZUGBLICK_TEST_MAIN(TestEbulaTracker)
 #include "tst_ebulatracker.moc"

@@ -1,6 +1,6 @@
 #include "MtdDigitBox.h"
 
-#include <QPainter>
+#include "Hairline.h"
 
 namespace {
 constexpr double kSideToText = 1.3;
@@ -18,6 +18,5 @@ void MtdDigitBox::paintEvent(QPaintEvent *event)
 {
     QLabel::paintEvent(event);
     QPainter painter(this);
-    painter.setPen(palette().color(QPalette::Mid));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    DrawHairline(painter, palette(), rect());
 }

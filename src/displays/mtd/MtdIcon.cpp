@@ -1,7 +1,12 @@
 #include "MtdIcon.h"
 
-#include <QPainter>
+#include "Hairline.h"
+
+#include <QAbstractTextDocumentLayout>
 #include <QPixmapCache>
+#include <QTextDocument>
+
+#include <algorithm>
 
 namespace {
 constexpr int kRim = 2; ///< hairline and one pixel of air
@@ -61,6 +66,7 @@ bool MtdIcon::ShowText(const QString &newText)
     if (picture.isEmpty() && text() == newText)
         return false;
     picture.clear();
+    clear(); // setting an empty text over a picture would do nothing
     setText(newText);
     return true;
 }
@@ -84,8 +90,34 @@ void MtdIcon::resizeEvent(QResizeEvent *event)
 
 void MtdIcon::paintEvent(QPaintEvent *event)
 {
-    QLabel::paintEvent(event);
+    if (Qt::mightBeRichText(text()))
+        PaintRichText();
+    else
+        QLabel::paintEvent(event);
     QPainter painter(this);
-    painter.setPen(palette().color(QPalette::Mid));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    DrawHairline(painter, palette(), rect());
+}
+
+/// Rich text names its own sizes, which are those of the smallest cell: it grows as a drawing.
+void MtdIcon::PaintRichText()
+{
+    QTextDocument document;
+    document.setDefaultFont(font());
+    document.setDocumentMargin(0.0);
+    document.setHtml(text());
+    document.setTextWidth(document.idealWidth());
+    const QSizeF drawn = document.size();
+    const QSizeF room = size() - QSize(2 * kRim, 2 * kRim);
+    if (drawn.isEmpty() || room.isEmpty())
+        return;
+    const double scale =
+        std::max(1.0, std::min(room.width() / drawn.width(), room.height() / drawn.height()));
+    QPainter painter(this);
+    painter.translate(QRectF(rect()).center());
+    painter.scale(scale, scale);
+    painter.translate(-drawn.width() / 2.0, -drawn.height() / 2.0);
+    QAbstractTextDocumentLayout::PaintContext context;
+    context.palette = palette();
+    context.palette.setColor(QPalette::Text, palette().color(foregroundRole()));
+    document.documentLayout()->draw(&painter, context);
 }

@@ -28,6 +28,7 @@ protected:
 
 private:
     void Fit();
+    void PaintRichText();
 
     QString picture;
     Scaling scaling = Scaling::Fast;

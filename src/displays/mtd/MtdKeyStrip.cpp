@@ -39,8 +39,11 @@ void MtdKeyStrip::resizeEvent(QResizeEvent *event)
 void MtdKeyStrip::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(palette().color(QPalette::Mid));
-    painter.drawLine(0, 0, width(), 0);
-    for (int place = 1; place < KeyCount; ++place)
-        painter.drawLine(CellLeft(place), 0, CellLeft(place), height());
+    painter.drawLine(QPointF(0.0, 0.5), QPointF(width(), 0.5));
+    for (int place = 1; place < KeyCount; ++place) {
+        const double x = CellLeft(place) + 0.5;
+        painter.drawLine(QPointF(x, 0.0), QPointF(x, height()));
+    }
 }

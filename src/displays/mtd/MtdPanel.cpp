@@ -1,12 +1,14 @@
 #include "MtdPanel.h"
 
-#include <QPainter>
+#include "Hairline.h"
 
 MtdPanel::MtdPanel(QWidget *parent) : QFrame(parent) { }
 
 void MtdPanel::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    painter.setPen(palette().color(QPalette::Mid));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    if (filled)
+        painter.fillRect(rect(), palette().color(QPalette::Mid));
+    else
+        DrawHairline(painter, palette(), rect());
 }

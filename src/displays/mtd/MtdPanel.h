@@ -6,10 +6,15 @@
 class MtdPanel : public QFrame
 {
     Q_OBJECT
+    /// Filled with the hairline's colour: cells that stand a pixel apart on it make a table.
+    Q_PROPERTY(bool filled MEMBER filled)
 
 public:
     explicit MtdPanel(QWidget *parent = nullptr);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+
+private:
+    bool filled = false;
 };

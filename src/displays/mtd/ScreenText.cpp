@@ -1,6 +1,7 @@
 #include "ScreenText.h"
 
 #include "ControlLight.h"
+#include "MtdChoice.h"
 #include "MtdDigitBox.h"
 #include "ValueBar.h"
 
@@ -13,24 +14,40 @@ namespace {
 /// Everything derived from a label draws its own scale, except for the lamp and the digit.
 bool IsPlainText(const QWidget *widget)
 {
+    if (qobject_cast<const ValueBar *>(widget->parent()) != nullptr)
+        return false;
     return widget->metaObject() == &QLabel::staticMetaObject
         || qobject_cast<const MtdDigitBox *>(widget) != nullptr
+        || qobject_cast<const MtdChoice *>(widget) != nullptr
         || qobject_cast<const ControlLight *>(widget) != nullptr
         || qobject_cast<const QLineEdit *>(widget) != nullptr
         || qobject_cast<const QTableWidget *>(widget) != nullptr;
 }
+
+constexpr double kBarHeight = 300.0; // units of its drawing
 } // namespace
 
 void ScreenText::Take(QWidget *page)
 {
-    bars = page->findChildren<ValueBar *>();
     const auto widgets = page->findChildren<QWidget *>();
     for (QWidget *each : widgets) {
         if (IsPlainText(each) && each->font().pointSizeF() > 0.0)
             designed.insert(each, each->font().pointSizeF());
     }
-    for (const ValueBar *each : qAsConst(bars))
+    const auto bars = page->findChildren<ValueBar *>();
+    for (ValueBar *each : bars) {
+        each->installEventFilter(this);
         FitValueBox(each);
+    }
+}
+
+bool ScreenText::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Resize) {
+        if (const auto *bar = qobject_cast<ValueBar *>(watched))
+            FitValueBox(bar);
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 void ScreenText::SetPointSize(QWidget *widget, double pointSize)
@@ -47,8 +64,6 @@ void ScreenText::Grow(double newFactor)
     factor = newFactor;
     for (auto each = designed.cbegin(); each != designed.cend(); ++each)
         Apply(each.key(), each.value());
-    for (const ValueBar *each : qAsConst(bars))
-        FitValueBox(each);
 }
 
 void ScreenText::Apply(QWidget *widget, double pointSize) const
@@ -59,7 +74,7 @@ void ScreenText::Apply(QWidget *widget, double pointSize) const
         widget->setFont(font);
 }
 
-void ScreenText::SetBarRange(ValueBar *bar, int min, int max) const
+void ScreenText::SetBarRange(ValueBar *bar, int min, int max)
 {
     if (bar->minValue == min && bar->maxValue == max)
         return;
@@ -67,13 +82,18 @@ void ScreenText::SetBarRange(ValueBar *bar, int min, int max) const
     FitValueBox(bar);
 }
 
-/// The bar lays its box out for its own font, which is in units of its drawing.
-void ScreenText::FitValueBox(const ValueBar *bar) const
+/// The bar lays its box out for its own font, which is in units of its drawing. The gap under the
+/// bar grows with the drawing, and the box with it.
+void ScreenText::FitValueBox(const ValueBar *bar)
 {
+    const double scale = std::max(1.0, bar->height() / kBarHeight);
     const QFontMetrics drawn(bar->font());
     const int widest = std::max({drawn.horizontalAdvance(QString::number(bar->minValue)),
                                  drawn.horizontalAdvance(QString::number(bar->maxValue)),
                                  drawn.horizontalAdvance(QStringLiteral("-000"))});
     const int wide = widest + 2 * drawn.averageCharWidth();
-    bar->valueLabel->resize(qRound(wide * factor), qRound((drawn.height() + 4) * factor));
+    QFont font = bar->font();
+    font.setPointSizeF(font.pointSizeF() * scale);
+    bar->valueLabel->setFont(font);
+    bar->valueLabel->resize(qRound(wide * scale), qRound((drawn.height() + 4) * scale));
 }

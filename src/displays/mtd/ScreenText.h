@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QHash>
+#include <QObject>
 
 class QWidget;
 class ValueBar;
@@ -10,11 +11,14 @@ class ValueBar;
 /// designed, and a screen that is only higher or only wider keeps its text.
 ///
 /// Widgets that are taken must live as long as this object is asked to grow them.
-class ScreenText
+class ScreenText : public QObject
 {
+    Q_OBJECT
+
 public:
     /// Takes the present sizes of all plain labels, lamps, fields and tables on a page as designed,
     /// and the value boxes of its bars. Instruments scale their own drawing and are left alone.
+    /// A value box goes with the drawing of its bar.
     void Take(QWidget *page);
     /// Designs a size anew for a widget and brings the widget to it.
     void SetPointSize(QWidget *widget, double pointSize);
@@ -23,13 +27,14 @@ public:
     double Factor() const { return factor; }
 
     /// Gives a bar its range where it differs, and its value box the size for it.
-    void SetBarRange(ValueBar *bar, int min, int max) const;
+    static void SetBarRange(ValueBar *bar, int min, int max);
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void Apply(QWidget *widget, double pointSize) const;
-    void FitValueBox(const ValueBar *bar) const;
+    static void FitValueBox(const ValueBar *bar);
 
     QHash<QWidget *, double> designed; ///< point sizes
-    QList<ValueBar *> bars;
     double factor = 1.0;
 };

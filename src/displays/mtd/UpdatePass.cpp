@@ -18,7 +18,7 @@ void UpdatePass::SetRange(ValueBar *bar, int min, int max, int minorStep, int ma
     bars[bar].range = Range{min, max, true, minorStep, majorStep};
 }
 
-void UpdatePass::Apply(const ScreenText &screenText, const QColor &pageColor) const
+void UpdatePass::Apply(const QColor &pageColor) const
 {
     for (auto each = texts.cbegin(); each != texts.cend(); ++each) {
         if (each.key()->text() != each.value())
@@ -27,7 +27,7 @@ void UpdatePass::Apply(const ScreenText &screenText, const QColor &pageColor) co
     for (auto each = states.cbegin(); each != states.cend(); ++each)
         SetStateLabel(each.key(), each->text, each->on, each->style, pageColor);
     for (auto each = bars.cbegin(); each != bars.cend(); ++each)
-        ApplyTo(each.key(), each.value(), screenText);
+        ApplyTo(each.key(), each.value());
 }
 
 namespace {
@@ -41,11 +41,11 @@ void Store(ValueBar *bar, int &field, int value)
 }
 } // namespace
 
-void UpdatePass::ApplyTo(ValueBar *bar, const Bar &setting, const ScreenText &screenText)
+void UpdatePass::ApplyTo(ValueBar *bar, const Bar &setting)
 {
     const std::optional<Range> &range = setting.range;
     if (range && (bar->minValue != range->min || bar->maxValue != range->max)) {
-        screenText.SetBarRange(bar, range->min, range->max);
+        ScreenText::SetBarRange(bar, range->min, range->max);
         if (range->withSteps) {
             Store(bar, bar->minorStep, range->minorStep);
             Store(bar, bar->majorStep, range->majorStep);

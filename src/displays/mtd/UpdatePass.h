@@ -7,7 +7,6 @@
 
 #include <optional>
 
-class ScreenText;
 class ValueBar;
 
 /// Collects what one update pass wants to show. The last setting of a widget stands and is applied
@@ -25,7 +24,7 @@ public:
     void SetRange(ValueBar *bar, int min, int max, int minorStep, int majorStep);
 
     /// `pageColor` is the background of a state that is off on the page.
-    void Apply(const ScreenText &screenText, const QColor &pageColor) const;
+    void Apply(const QColor &pageColor) const;
 
 private:
     struct State
@@ -48,7 +47,7 @@ private:
         std::optional<int> marker;
         std::optional<Range> range;
     };
-    static void ApplyTo(ValueBar *bar, const Bar &setting, const ScreenText &screenText);
+    static void ApplyTo(ValueBar *bar, const Bar &setting);
 
     QHash<QLabel *, QString> texts;
     QHash<QLabel *, State> states;

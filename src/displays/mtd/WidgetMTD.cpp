@@ -98,10 +98,11 @@ QDateTime WidgetMTD::SimulatorTime() const
 void WidgetMTD::TakeScreenText()
 {
     screenText.Take(PageWidget(PageMain));
+    PageWidget(PageMain)->parentWidget()->installEventFilter(this);
     GrowText();
 }
 
-/// The page itself gets its size only when it is turned to, the stack's is known before.
+/// The page itself gets its size only when it is turned to, so the stack of pages is asked.
 void WidgetMTD::GrowText()
 {
     const QSizeF size = PageWidget(PageMain)->parentWidget()->size();
@@ -113,7 +114,13 @@ void WidgetMTD::resizeEvent(QResizeEvent *event)
 {
     FitView();
     WidgetMFD::resizeEvent(event);
-    GrowText();
+}
+
+bool WidgetMTD::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Resize && watched == PageWidget(PageMain)->parentWidget())
+        GrowText();
+    return WidgetMFD::eventFilter(watched, event);
 }
 
 void WidgetMTD::closeEvent(QCloseEvent *event)

@@ -62,6 +62,7 @@ signals:
 protected:
     void resizeEvent(QResizeEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
     /// Text grows with the main page from here on. Call it once, when the form stands with its
     /// fonts.

@@ -73,7 +73,7 @@ void WidgetMTD_BR145::OnUpdateSecondTimer()
         return;
     LivePass pass;
     Update(pass);
-    pass.shown.Apply(screenText, dayMode ? dayColor : nightColor);
+    pass.shown.Apply(dayMode ? dayColor : nightColor);
 }
 
 void WidgetMTD_BR145::UpdateDateTime(const QDateTime &now)

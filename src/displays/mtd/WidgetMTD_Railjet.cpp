@@ -29,8 +29,6 @@ WidgetMTD_Railjet::WidgetMTD_Railjet(KabdataSettings *storage, int style, QWidge
     PageWidget(PageMain)->setAutoFillBackground(true);
     PageWidget(PageMain)->setPalette(PagePalette(true));
     SetUpBars();
-    for (int number = 0; number < MtdRailjet::SystemCount; ++number)
-        SystemButton(number)->setAttribute(Qt::WA_TransparentForMouseEvents); // shows a choice only
     TakeScreenText();
     ScaleFonts();
     DrawSystem(land);

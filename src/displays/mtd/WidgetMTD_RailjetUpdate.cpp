@@ -209,7 +209,7 @@ bool WidgetMTD_Railjet::ShowRecord(const QVector<FunctionRule> &rules,
 
 void WidgetMTD_Railjet::Apply(const LivePass &pass)
 {
-    pass.shown.Apply(screenText, PageColor());
+    pass.shown.Apply(PageColor());
     for (auto each = pass.icons.cbegin(); each != pass.icons.cend(); ++each)
         SetIconLabel(each.key(), each->text, each->picture);
     SetLabelStyle(pass.status);

@@ -36,8 +36,8 @@ public:
     explicit RailjetBench(KabdataSettings *settings = nullptr) : screen(settings)
     {
         ReadLoco(loco, RailjetLines());
-        train.ReadReply(QStringLiteral(
-            "50.9:6.9:0:14:27:36:74.5:0:0:RJ 63:0:12873.4:9:169:300:200:420"));
+        train.ReadReply(
+            QStringLiteral("50.9:6.9:0:14:27:36:74.5:0:0:RJ 63:0:12873.4:9:169:300:200:420"));
         screen.setAttribute(Qt::WA_DeleteOnClose, false);
         screen.setMinimumSize(800, 500);
         screen.SetTrainData(&train);

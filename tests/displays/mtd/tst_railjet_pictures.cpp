@@ -48,8 +48,8 @@ void TestRailjetPictures::nothingIsCut()
     screen.resize(size);
     screen.show();
     QCOMPARE(screen.size(), size);
-    Press(screen, {QStringLiteral("0"), QStringLiteral("1"), QStringLiteral("E"),
-                   QStringLiteral("0")});
+    Press(screen,
+          {QStringLiteral("0"), QStringLiteral("1"), QStringLiteral("E"), QStringLiteral("0")});
     screen.OnTimerHauptschalterFrei();
     Press(screen, RailjetKeysTo(state));
     if (state == MtdRailjet::SystemChange)
@@ -58,7 +58,8 @@ void TestRailjetPictures::nothingIsCut()
         Press(screen, {QStringLiteral("2"), QStringLiteral("6")});
     screen.OnUpdateSecondTimer();
     screen.OnUpdateSecondTimer();
-    QCoreApplication::sendPostedEvents();
+    for (int round = 0; round < 3; ++round) // for the layouts to come to rest
+        QCoreApplication::processEvents();
     const QWidget *page = screen.PageWidget(2);
     const auto labels = page->findChildren<QLabel *>();
     for (const QLabel *label : labels) {
@@ -67,8 +68,7 @@ void TestRailjetPictures::nothingIsCut()
         const QByteArray name = label->objectName().toUtf8() + ' ' + label->text().toUtf8();
         // The large letter of the brake fills its cell with the glyph, not with the line.
         const bool letter = label->text().size() == 1;
-        const QSize text = Qt::mightBeRichText(label->text())
-            ? label->QLabel::sizeHint()
+        const QSize text = Qt::mightBeRichText(label->text()) ? label->QLabel::sizeHint()
             : letter ? label->fontMetrics().tightBoundingRect(label->text()).size()
                      : label->fontMetrics().size(0, label->text());
         QVERIFY2(text.width() <= label->width(), name);
