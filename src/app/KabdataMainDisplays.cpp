@@ -12,6 +12,7 @@
 #include "WidgetMFA_Railjet.h"
 #include "WidgetMFD.h"
 #include "WidgetMTD_BR145.h"
+#include "WidgetMTD_Railjet.h"
 #include "WidgetMainUsDisplay.h"
 #include "ui_KabdataMain.h"
 
@@ -25,6 +26,7 @@ const KabdataMain::ScreenRow KabdataMain::kScreens[] = {
     {Screen::MfaRailjet, &KabdataMain::OpenMfa<WidgetMFA_Railjet>},
     {Screen::MfaOebb8090, &KabdataMain::OpenMfa<WidgetMFA_OEBB8090>},
     {Screen::MainUs, &KabdataMain::OpenMainUs},
+    {Screen::MtdRailjet, &KabdataMain::OpenMtd<WidgetMTD_Railjet>},
     {Screen::MtdBr145, &KabdataMain::OpenMtd<WidgetMTD_BR145>},
 };
 

@@ -132,6 +132,9 @@ void TestJourneyDisplays::touchScreensShowTheirPagesByKey_data()
                             << "WidgetMTD_BR145";
     QTest::newRow("BR 185") << "BR 185 112 Rheintal"
                             << "WidgetMTD_BR145";
+    QTest::newRow("Railjet") << "Railjet 1116 201"
+                             << "WidgetMTD_Railjet";
+    QTest::newRow("8090") << QString::fromUtf8("ÖBB 8090 715") << "WidgetMTD_Railjet";
 }
 
 void TestJourneyDisplays::touchScreensShowTheirPagesByKey()
