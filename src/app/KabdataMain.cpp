@@ -111,8 +111,8 @@ void KabdataMain::SetUpActions()
 
     // Their windows are not built yet.
     for (QAction *action : {ui->actionSettings, ui->actionLoco_Assign, ui->actionManage_Files,
-                            ui->actionTrain_Configurator, ui->actionCab_Editor,
-                            ui->actionRoadmap_Editor, ui->actionTimetable_Editor})
+                            ui->actionTrain_Configurator, ui->actionRoadmap_Editor,
+                            ui->actionTimetable_Editor})
         action->setEnabled(false);
 }
 

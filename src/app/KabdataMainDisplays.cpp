@@ -131,6 +131,5 @@ void KabdataMain::OnOpenDlgSettings() { }
 void KabdataMain::OnOpenDlgLocoAssign() { }
 void KabdataMain::OnOpenDlgCheckNewFiles() { }
 void KabdataMain::OnOpenDlgTrainConfigurator() { }
-void KabdataMain::OnOpenCabEditor() { }
 void KabdataMain::OnOpenWindowCreateRoadMap() { }
 void KabdataMain::OnOpenWindowCreateTrainSchedule() { }
