@@ -53,6 +53,7 @@ updateinterval=500
 level=0
 
 [paths]
+ts2017=$build/practice/simulator
 workfolder=$work
 INI
 

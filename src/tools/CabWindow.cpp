@@ -9,6 +9,7 @@ CabWindow::CabWindow(QWidget *parent, Qt::WindowFlags flags) : QMdiSubWindow(par
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setMinimumSize(200, 100);
+    setWindowIcon(QIcon(QStringLiteral(":/icons/tool_cabeditor")));
     auto *view = new QGraphicsView(this);
     scene = new QGraphicsScene(view);
     view->setScene(scene);

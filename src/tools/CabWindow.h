@@ -23,6 +23,7 @@ public:
     void ImportImage(const QString &path);
 
     QGraphicsScene *Scene() const { return scene; }
+    QSize sizeHint() const override { return {400, 300}; }
 
 signals:
     void sigItemsChanged();

@@ -12,6 +12,10 @@
 #include <QMouseEvent>
 #include <QPointer>
 
+namespace {
+constexpr int kStatusCharacters = 20;
+}
+
 MainCabEditor::MainCabEditor(QWidget *parent)
     : QMainWindow(parent), ui(std::make_unique<Ui::MainCabEditor>())
 {
@@ -22,6 +26,8 @@ MainCabEditor::MainCabEditor(QWidget *parent)
     ui->splitter->setSizes({0, 0, width()});
     for (QLabel **label : {&statusLabelSize, &statusLabelPosition, &statusLabelSpare}) {
         *label = new QLabel(this);
+        (*label)->setMinimumWidth(fontMetrics().averageCharWidth() * kStatusCharacters);
+        (*label)->setIndent(4);
         ui->statusbar->addWidget(*label);
     }
     connect(ui->action_NewFile, &QAction::triggered, this, &MainCabEditor::OnNewFile);

@@ -51,6 +51,7 @@ WidgetDrawRoute::WidgetDrawRoute(QWidget *parent)
     scene->setSceneRect(0.0, 0.0, 1600.0, 1200.0);
     view->setScene(scene);
     view->setFrameShape(QFrame::NoFrame);
+    setMinimumSize(320, 240);
     resize(960, 720);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -62,6 +63,8 @@ void WidgetDrawRoute::BuildAndShow()
     paths = NormalisePaths(ProjectWays(nodes, ways), zoom);
     show();
     Render();
+    // The drawing begins at the scene's corner and may be far smaller than the scene.
+    view->centerOn(0.0, 0.0);
 }
 
 void WidgetDrawRoute::Render()

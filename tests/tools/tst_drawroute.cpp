@@ -192,6 +192,7 @@ void TestDrawRoute::drawsWaysInTheirColours()
     QCOMPARE(image.pixelColor(300, 5), QColor(Qt::green));
     QCOMPARE(image.pixelColor(300, 5 + qRound(y)), QColor(Qt::red));
     QCOMPARE(image.pixelColor(300, 12), QColor(Qt::black));
+    LeavePicture(window, "drawroute-ways");
 }
 
 void TestDrawRoute::theWheelScalesTheView()

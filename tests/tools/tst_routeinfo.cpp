@@ -41,6 +41,7 @@ private slots:
     void cleanup();
 
     void listsUnpackedAndPackedRoutes();
+    void listsThePracticeSimulator();
     void theFileOfAnEarlierScanServesForABrokenArchive();
     void aMissingSimulatorIsTold();
     void anEmptySimulatorListsNothing();
@@ -145,6 +146,19 @@ void TestRouteInfo::listsUnpackedAndPackedRoutes()
     QVERIFY(QFileInfo(scratch + "/Routes").isDir());
     QVERIFY(QFileInfo::exists(scratch + "/routes/b-packed/RouteProperties.xml"));
     QVERIFY(!QFileInfo::exists(scratch + "/routes/RouteProperties.xml"));
+}
+
+void TestRouteInfo::listsThePracticeSimulator()
+{
+    settings->SetSimulatorPath(QStringLiteral(PRACTICE_SIMULATOR));
+    dialog->show();
+    dialog->OpenFolders();
+    QCOMPARE(
+        Texts(RouteList()),
+        (QStringList{"Köln-Koblenz", "Semmeringbahn", "River Line", "Ahrtalbahn", "Moselstrecke"}));
+    dialog->OnRouteItemClicked(RouteItem("Köln-Koblenz"));
+    QCOMPARE(ScenarioList()->count(), 3);
+    LeavePicture(*dialog, "routeinfo-practice");
 }
 
 void TestRouteInfo::theFileOfAnEarlierScanServesForABrokenArchive()
