@@ -53,8 +53,8 @@ updateinterval=500
 level=0
 
 [paths]
-ts2017=$build/practice/simulator
 workfolder=$work
+ts2017=$build/practice/simulator
 INI
 
 "$build/src/app/zugblick"
