@@ -6,6 +6,7 @@
 #include "KabdataSettings.h"
 #include "Log.h"
 #include "Numbers.h"
+#include "SafePath.h"
 #include "TSClientThread.h"
 #include "UserDialogs.h"
 #include "WorkFolders.h"
@@ -27,13 +28,18 @@ const QString kTitle = QStringLiteral("Zugblick");
 constexpr int kStatusInterval = 30000;
 constexpr int kStartDelay = 1000;
 
-QString InterfaceName(int type)
+QString NameOfInterface(int type)
 {
     static const QStringList names{QStringLiteral("Raildriver"), QStringLiteral("Kablink"),
                                    QStringLiteral("Zusi-Server")};
     return names.value(type, QStringLiteral("unknown"));
 }
 } // namespace
+
+QString KabdataMain::InterfaceName() const
+{
+    return NameOfInterface(settings->InterfaceType());
+}
 
 KabdataMain::KabdataMain(QWidget *parent, InterfaceFactory interfaceFactory)
     : QMainWindow(parent), ui(std::make_unique<Ui::KabdataMainClass>()),
@@ -118,7 +124,7 @@ void KabdataMain::SetUpActions()
 
 void KabdataMain::SetUpStatusBar()
 {
-    const int size = qMax(16, TruncToInt(ui->mainToolBar->iconSize().width() * DpiRatio()));
+    const int size = qMax(1, TruncToInt(ui->mainToolBar->iconSize().width() * DpiRatio()));
     ui->mainToolBar->setIconSize(QSize(size, size));
     qCDebug(lcMain) << "Desktop ScreenDPI: " << ScreenDpi();
     qCDebug(lcMain) << "Desktop RenderDPI: " << RenderDpi();
@@ -139,7 +145,7 @@ void KabdataMain::ShowInterfaceState(bool isConnected)
 {
     const QString text =
         isConnected ? QStringLiteral("%1 connected") : QStringLiteral("%1 not connected");
-    statusLabelInterface->setText(text.arg(InterfaceName(settings->InterfaceType())));
+    statusLabelInterface->setText(text.arg(InterfaceName()));
 }
 
 void KabdataMain::RestoreWindow()
@@ -174,7 +180,10 @@ void KabdataMain::SetAddressReadOnly(bool readOnly)
 
 LogFunction KabdataMain::Logger()
 {
-    return [this](const QString &text, int level) { OnDebugString(text, level); };
+    return [guard = QPointer<KabdataMain>(this)](const QString &text, int level) {
+        if (guard)
+            guard->OnDebugString(text, level);
+    };
 }
 
 void KabdataMain::OnDebugString(QString text, int level)
@@ -226,7 +235,7 @@ void KabdataMain::OnSaveControllerlist()
     QString name = currentLoco;
     name.replace(QLatin1Char(':'), QLatin1Char('_'));
     const QString path = settings->WorkFolder() + QLatin1Char('/') + name + QStringLiteral(".txt");
-    if (controllers.SaveToFile(path))
+    if (IsSafeFileName(name + QStringLiteral(".txt")) && controllers.SaveToFile(path))
         OnDebugString(QStringLiteral("(Main) - Controllerliste gespeichert: %1").arg(path),
                       LogNotification);
     else

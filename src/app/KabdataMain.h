@@ -96,6 +96,7 @@ private:
     void SaveAddressFields();
     void SetAddressReadOnly(bool readOnly);
     void ShowInterfaceState(bool isConnected);
+    QString InterfaceName() const;
     LogFunction Logger();
 
     void Connect();
@@ -105,6 +106,7 @@ private:
     void AddJob(int type, const QString &text);
     void StartThread();
     void ShowConnectionLost();
+    void ShowQueue();
     bool HandleReply(const Job &job, bool notConnected);
     void HandleConnect(const Job &job);
     void HandleDisconnect();
@@ -148,7 +150,11 @@ private:
     bool mtdOpen = false;
     bool mfaOpen = false;
     bool pressureOpen = false;
-    int pressureCount = 0; ///< `pressureOpen` says that it is above 0
+    // Each flag says that its count is above 0. A reconnect enables MFA and MTD again while a
+    // window is open, so that there may be two of them.
+    int mfaCount = 0;
+    int mtdCount = 0;
+    int pressureCount = 0;
     QDateTime recordStart;
     QPointer<QWidget> overviewDialog;
     QVector<QPointer<QWidget>> editors; ///< must be closed before the settings go

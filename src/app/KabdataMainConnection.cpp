@@ -18,11 +18,6 @@ namespace {
 const QString kNotConnected = QStringLiteral("NOT CONNECTED");
 constexpr int kFewestControllers = 5;
 constexpr qint64 kLocoNameInterval = 5000;
-
-QString InterfaceName(const QString &statusText)
-{
-    return statusText.section(QLatin1Char(' '), 0, 0);
-}
 } // namespace
 
 void KabdataMain::OnPushButtonClientStartStopClicked()
@@ -84,8 +79,11 @@ void KabdataMain::RetireClientThread()
     // Its run may still be draining; the GUI does not wait for it, the destructor does.
     retiredThreads.append(thread);
     connect(thread, &QThread::finished, this, [this, thread] {
-        if (thread->isFinished() && retiredThreads.removeOne(thread))
+        // The list first: a thread that has left it may be gone.
+        if (retiredThreads.contains(thread) && thread->isFinished()) {
+            retiredThreads.removeOne(thread);
             thread->deleteLater();
+        }
     });
     if (!thread->isRunning() && retiredThreads.removeOne(thread))
         thread->deleteLater();
@@ -106,7 +104,7 @@ void KabdataMain::StartThread()
 void KabdataMain::OnTimeOnSeconds()
 {
     if (!connected || clientThread == nullptr) {
-        statusLabelJobs->setText(QStringLiteral("Thread not started:"));
+        ShowQueue();
         return;
     }
     AddJob(JobTrainData, QStringLiteral("Get TrainData"));
@@ -119,7 +117,15 @@ void KabdataMain::OnTimeOnSeconds()
         locoNameTimer.restart();
     }
     StartThread();
-    statusLabelJobs->setText(QStringLiteral("Job-Warteschleife:%1").arg(clientThread->JobCount()));
+    ShowQueue();
+}
+
+void KabdataMain::ShowQueue()
+{
+    statusLabelJobs->setText(
+        connected && clientThread != nullptr
+            ? QStringLiteral("Job-Warteschleife:%1").arg(clientThread->JobCount())
+            : QStringLiteral("Thread not started:"));
 }
 
 void KabdataMain::OnTSClientJobFinsished(Job job)
@@ -138,11 +144,10 @@ void KabdataMain::ShowConnectionLost()
     ui->label_loco->setText(QStringLiteral("no loco"));
     ShowInterfaceState(false);
     ui->pushButton_clientStartStop->setText(QStringLiteral("Start"));
-    OnDebugString(QStringLiteral("(Client) - %1 not connected")
-                      .arg(InterfaceName(statusLabelInterface->text())),
-                  LogWarning);
+    OnDebugString(QStringLiteral("(Client) - %1 not connected").arg(InterfaceName()), LogWarning);
     updateTimer->stop();
     connected = false;
+    ShowQueue();
 }
 
 /// False when the interval rules must be left out for this job: its handling ended in a retry,
@@ -200,17 +205,13 @@ void KabdataMain::HandleConnect(const Job &job)
         connected = true;
         ui->pushButton_clientStartStop->setText(QStringLiteral("Stop"));
         ShowInterfaceState(true);
-        OnDebugString(QStringLiteral("(Client) %1 - connected")
-                          .arg(InterfaceName(statusLabelInterface->text())),
-                      LogDebug);
+        OnDebugString(QStringLiteral("(Client) %1 - connected").arg(InterfaceName()), LogDebug);
         AddJob(JobControllerList, QStringLiteral("Controller List"));
         StartThread();
         return;
     }
     ShowInterfaceState(false);
-    OnDebugString(QStringLiteral("(Client) - %1 not connected")
-                      .arg(InterfaceName(statusLabelInterface->text())),
-                  LogDebug);
+    OnDebugString(QStringLiteral("(Client) - %1 not connected").arg(InterfaceName()), LogDebug);
     // A wrong host must be mendable where it was typed.
     SetAddressReadOnly(false);
 }
@@ -218,6 +219,7 @@ void KabdataMain::HandleConnect(const Job &job)
 void KabdataMain::HandleDisconnect()
 {
     connected = false;
+    ShowQueue();
     ui->pushButton_clientStartStop->setText(QStringLiteral("Start"));
     RetireClientThread();
     controllers = ControllerList();

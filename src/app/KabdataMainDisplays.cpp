@@ -73,6 +73,7 @@ void KabdataMain::OnOpenMFA()
     if (!OpenScreen(MfaScreen(locoData.display, currentLoco)))
         return;
     ui->actionMFA->setEnabled(false);
+    ++mfaCount;
     mfaOpen = true;
 }
 
@@ -81,6 +82,7 @@ void KabdataMain::OnOpenMTD()
     if (!OpenScreen(MtdScreen(locoData.display)))
         return;
     ui->actionMTD->setEnabled(false);
+    ++mtdCount;
     mtdOpen = true;
 }
 
@@ -113,13 +115,15 @@ void KabdataMain::OnCloseEbula()
 void KabdataMain::OnCloseMFA()
 {
     ui->actionMFA->setEnabled(true);
-    mfaOpen = false;
+    mfaCount = qMax(0, mfaCount - 1);
+    mfaOpen = mfaCount > 0;
 }
 
 void KabdataMain::OnCloseMTD()
 {
     ui->actionMTD->setEnabled(true);
-    mtdOpen = false;
+    mtdCount = qMax(0, mtdCount - 1);
+    mtdOpen = mtdCount > 0;
 }
 
 void KabdataMain::OnOpenDlgOverviewControllerlist()

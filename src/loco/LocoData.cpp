@@ -187,6 +187,8 @@ void LocoData::UpdateValues(const QVector<VControllerBase> &controllers)
 QVector<BrtRow> LocoData::GetBrhRows(int brakeType) const
 {
     QVector<BrtRow> rows;
+    if (brakeType < 1)
+        return rows;
     for (BrtRow row : brtRows) {
         row.vmax = row.columns.value(brakeType - 1, 0);
         if (row.vmax != 0)

@@ -5,9 +5,13 @@
 #include "Journey.h"
 #include "Pictures.h"
 #include "TestMain.h"
+#include "WidgetEbulaFSD.h"
+#include "WidgetEbulaHalte.h"
+#include "WidgetLoadTimeTable.h"
 #include "WidgetMFD.h"
 
 #include <QAbstractButton>
+#include <QGraphicsProxyWidget>
 #include <QGraphicsTextItem>
 #include <QPointer>
 #include <QTableWidget>
@@ -27,9 +31,11 @@ private slots:
 
 private:
     void Open(int late);
-    void Press(const char *key) { QTest::mousePress(frame->Key(key), Qt::LeftButton); }
+    void Press(const char *key) { QTest::mouseClick(frame->Key(key), Qt::LeftButton); }
     void Load(const QString &number);
     bool Tick();
+    template <typename Type>
+    Type *Page() const;
     QStringList Texts() const;
     QString TextLike(const QString &pattern) const;
 
@@ -65,14 +71,9 @@ void TestJourneyEbula::Open(int late)
 void TestJourneyEbula::Load(const QString &number)
 {
     Press("1");
-    auto *list = [this] {
-        for (QWidget *each : QApplication::allWidgets()) {
-            auto *table = qobject_cast<QTableWidget *>(each);
-            if (table != nullptr && table->isVisible())
-                return table;
-        }
-        return static_cast<QTableWidget *>(nullptr);
-    }();
+    const auto *view = Page<WidgetLoadTimeTable>();
+    QVERIFY(view != nullptr);
+    auto *list = view->findChild<QTableWidget *>();
     QVERIFY(list != nullptr);
     for (int row = 0; row < list->rowCount(); ++row) {
         for (int column = 0; column < list->columnCount(); ++column) {
@@ -92,6 +93,20 @@ bool TestJourneyEbula::Tick()
         return false;
     scene->OnTimeOneSeconds();
     return true;
+}
+
+/// The page of that class that lies over the table, or null.
+template <typename Type>
+Type *TestJourneyEbula::Page() const
+{
+    for (QGraphicsItem *item : scene->items()) {
+        auto *proxy = qgraphicsitem_cast<QGraphicsProxyWidget *>(item);
+        if (proxy == nullptr)
+            continue;
+        if (auto *page = qobject_cast<Type *>(proxy->widget()))
+            return page;
+    }
+    return nullptr;
 }
 
 QStringList TestJourneyEbula::Texts() const
@@ -135,16 +150,16 @@ void TestJourneyEbula::followsTheTrainOverThreeStations()
             continue;
         ++halts;
         last = halt.station;
+        // The page has turned as often as it takes to hold the station where the train stands.
         const QString name = train.TheLine().Stations()[halt.station].name;
         QVERIFY2(Texts().contains(name), qPrintable(name + " is on the page"));
         if (halt.kind != practice::StopKind::Stop)
             continue;
         QCOMPARE(TextLike(QString::fromUtf8("^Nächster Halt: .")),
                  QString::fromUtf8("Nächster Halt: ") + name);
-        const int ahead
-            = static_cast<int>(std::ceil((halt.departure - late * 0 - train.Clock()) / 60.0F));
-        const QString expected = ahead < 0 ? QString("%1min").arg(ahead)
-                                           : QString("+%1min").arg(ahead);
+        const int ahead = static_cast<int>(std::ceil((halt.departure - train.Clock()) / 60.0F));
+        const QString expected =
+            ahead < 0 ? QString("%1min").arg(ahead) : QString("+%1min").arg(ahead);
         QCOMPARE(TextLike("^[+-]\\d+min$"), expected);
         if (halts == 2)
             LeavePicture(*frame, late == 0 ? "ebula_day" : "ebula_late");
@@ -166,14 +181,20 @@ void TestJourneyEbula::pagesOpenOverTheTable()
     QVERIFY(Tick());
     Press("2");
     LeavePicture(*frame, "ebula_fsd");
-    QVERIFY(TextLike("^Bonn").isEmpty() || !frame->grab().isNull());
+    QVERIFY(Page<WidgetEbulaFSD>() != nullptr);
     Press("2");
     LeavePicture(*frame, "ebula_halte");
+    QVERIFY(Page<WidgetEbulaFSD>() == nullptr);
+    const auto *stops = Page<WidgetEbulaHalte>();
+    QVERIFY(stops != nullptr);
+    QCOMPARE(stops->findChild<QTableWidget *>()->rowCount(),
+             journey->Train().TheSchedule().stops.size());
     Press("0");
-    QVERIFY(Tick());
-    Press("aus");
+    QTest::mousePress(frame->Key("aus"), Qt::LeftButton);
     QTRY_VERIFY(!scene);
+    frame->resize(900, 600); // the scene is gone, the frame lives until the key is released
     QTest::mouseRelease(frame->Key("aus"), Qt::LeftButton);
+    QTRY_VERIFY(!frame);
     QVERIFY(journey->Disconnect());
 }
 
