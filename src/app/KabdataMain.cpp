@@ -116,8 +116,8 @@ void KabdataMain::SetUpActions()
             &KabdataMain::OnPushButtonClientStartStopClicked);
 
     // Their windows are not built yet.
-    for (QAction *action : {ui->actionManage_Files, ui->actionCab_Editor, ui->actionRoadmap_Editor,
-                            ui->actionTimetable_Editor})
+    for (QAction *action :
+         {ui->actionManage_Files, ui->actionRoadmap_Editor, ui->actionTimetable_Editor})
         action->setEnabled(false);
 }
 

@@ -144,6 +144,5 @@ void KabdataMain::OnCloseMTD()
 }
 
 void KabdataMain::OnOpenDlgCheckNewFiles() { }
-void KabdataMain::OnOpenCabEditor() { }
 void KabdataMain::OnOpenWindowCreateRoadMap() { }
 void KabdataMain::OnOpenWindowCreateTrainSchedule() { }
