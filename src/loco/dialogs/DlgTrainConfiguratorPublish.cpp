@@ -43,7 +43,7 @@ void DlgTrainConfigurator::SendFile(const QString &name, const QByteArray &conte
     }
     QUrlQuery form;
     form.addQueryItem(QStringLiteral("empty"), QStringLiteral("1"));
-    form.addQueryItem(QStringLiteral("id"), QString());
+    form.addQueryItem(QStringLiteral("id"), QStringLiteral("")); // a null text loses its "="
     form.addQueryItem(QStringLiteral("type"), QStringLiteral("3"));
     form.addQueryItem(QStringLiteral("filename"), QUrl::toPercentEncoding(name));
     form.addQueryItem(QStringLiteral("content"),

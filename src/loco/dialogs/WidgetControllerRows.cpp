@@ -123,33 +123,34 @@ void WidgetControllerRows::AddRows()
     grid->setVerticalSpacing(kGap);
     grid->setContentsMargins(2 * kGap, 2 * kGap, 2 * kGap, 2 * kGap);
     SetColumnWidths(grid);
+    for (const LocoFunction &function : LocoFunctionsInFormOrder())
+        rows.append(new ControllerRow(function, &entries, content));
     int line = 0;
-    QHash<int, int> lineOfGroup;
-    constexpr int kMostRows = 100; // lines that each group has for its own
     for (const FunctionGroup group : kFunctionGroups) {
         auto *caption = new QLabel(GroupLabel(group), content);
         QFont font = caption->font();
         font.setBold(true);
         caption->setFont(font);
-        grid->addWidget(caption, line, 0, 1, static_cast<int>(RowColumn::Count));
+        grid->addWidget(caption, line++, 0, 1, static_cast<int>(RowColumn::Count));
         captions.append(caption);
-        lineOfGroup[static_cast<int>(group)] = line + 1;
-        line += kMostRows;
-    }
-    for (const LocoFunction &function : LocoFunctionsInFormOrder()) {
-        auto *row = new ControllerRow(function, &entries, content);
-        const int at = lineOfGroup[static_cast<int>(function.group)]++;
-        for (const Head &head : kHeads) {
-            QWidget *cell = row->Cell(head.column);
-            const int column = static_cast<int>(head.column);
-            if (qobject_cast<QLineEdit *>(cell) != nullptr)
-                cell->setFixedWidth(grid->columnMinimumWidth(column));
-            grid->addWidget(cell, at, column,
-                            head.column == RowColumn::Adjust ? Qt::AlignCenter : Qt::Alignment());
+        for (const ControllerRow *row : qAsConst(rows)) {
+            if (row->Function().group == group)
+                AddCells(*row, line++, grid);
         }
-        rows.append(row);
     }
     grid->setRowStretch(line, 1);
+}
+
+void WidgetControllerRows::AddCells(const ControllerRow &row, int line, QGridLayout *grid) const
+{
+    for (const Head &head : kHeads) {
+        QWidget *cell = row.Cell(head.column);
+        const int column = static_cast<int>(head.column);
+        if (qobject_cast<QLineEdit *>(cell) != nullptr)
+            cell->setFixedWidth(grid->columnMinimumWidth(column));
+        grid->addWidget(cell, line, column,
+                        head.column == RowColumn::Adjust ? Qt::AlignCenter : Qt::Alignment());
+    }
 }
 
 void WidgetControllerRows::SetControllerNames(const QStringList &names)

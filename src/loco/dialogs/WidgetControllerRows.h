@@ -41,6 +41,7 @@ private:
     int ShowRows(Predicate isShown, bool withCaptions);
     void AddHeads(QGridLayout *grid) const;
     void AddRows();
+    void AddCells(const ControllerRow &row, int line, QGridLayout *grid) const;
     void SetColumnWidths(QGridLayout *grid) const;
 
     QScrollArea *area;

@@ -21,6 +21,8 @@
 #include <QSignalSpy>
 #include <QStackedWidget>
 #include <QTableWidget>
+#include <QTcpServer>
+#include <QTcpSocket>
 #include <QTemporaryDir>
 
 #include <memory>
@@ -120,6 +122,8 @@ private slots:
     void pagesAndSearchShowTheirRows();
     void fitsASmallScreen();
     void publishingIsForCheckedUsersOnly();
+    void publishingSendsTheFile_data();
+    void publishingSendsTheFile();
     void closingInAnEventPassIsHarmless_data();
     void closingInAnEventPassIsHarmless();
 
@@ -576,13 +580,23 @@ void TestTrainConfigurator::fitsASmallScreen()
     const QSize smallest = window->minimumSizeHint().expandedTo(window->minimumSize());
     QVERIFY2(smallest.width() <= 1366 && smallest.height() <= 700,
              qPrintable(QString::number(smallest.width())));
-    // The heads stand above their columns, with every page in the table.
+    QLabel *head = nullptr;
+    for (QLabel *label : window->findChildren<QLabel *>()) {
+        if (label->text() == "Over\nMax")
+            head = label;
+    }
+    QVERIFY(head != nullptr);
+    const auto right = [this](const QWidget *cell) {
+        return cell->mapTo(window, cell->rect().topRight()).x();
+    };
     auto *pages = Child<QListWidget>("listWidget_pages");
     for (int page = 0; page < pages->count(); ++page) {
         pages->setCurrentRow(page);
         for (const QSize &size : {smallest, design, design * 1.5}) {
             window->resize(size);
             LeavePicture(*window, QStringLiteral("configurator_%1_%2").arg(page).arg(size.width()));
+            if (page == 0) // the head stands above its column
+                QTRY_COMPARE(right(head), right(Child<QLineEdit>("lineEdit_reverser_over_max")));
         }
     }
     Child<QLineEdit>("lineEdit_search")->setText("70");
@@ -602,6 +616,43 @@ void TestTrainConfigurator::publishingIsForCheckedUsersOnly()
     QCOMPARE(dialogs->boxes.size(), 1);
     QVERIFY2(dialogs->boxes[0].text.startsWith("Can not write file\n" + folder->path() + "\n"),
              qPrintable(dialogs->boxes[0].text));
+}
+
+void TestTrainConfigurator::publishingSendsTheFile_data()
+{
+    QTest::addColumn<QByteArray>("status");
+    QTest::addColumn<QString>("box");
+    QTest::newRow("the server takes it, whatever it writes")
+        << QByteArray("200 OK") << "Datei wurde zum Server gesendet und wird überprüft!";
+    QTest::newRow("the server refuses it")
+        << QByteArray("404 Not Found") << "Datei konnte nicht gesendet werden.\n";
+}
+
+void TestTrainConfigurator::publishingSendsTheFile()
+{
+    QFETCH(QByteArray, status);
+    QTcpServer server;
+    QVERIFY(server.listen(QHostAddress::LocalHost));
+    QByteArray received;
+    connect(&server, &QTcpServer::newConnection, &server, [&] {
+        QTcpSocket *socket = server.nextPendingConnection();
+        connect(socket, &QTcpSocket::readyRead, socket, [&received, socket, status] {
+            received += socket->readAll();
+            if (received.endsWith("%0A")) // the end of the file
+                socket->write("HTTP/1.1 " + status + "\r\nContent-Length: 5\r\n\r\nerror");
+        });
+    });
+    settings->SetUrlHost(QStringLiteral("http://127.0.0.1:%1").arg(server.serverPort()));
+    Write(ConfigPath("köln.cfg"), "Autor=J\xc3\xbcrgen & Söhne+1\n");
+    dialogs->files = {QStringList(ConfigPath("köln.cfg"))};
+    window->OnExportFile();
+    QTRY_COMPARE(dialogs->boxes.size(), 1);
+    QFETCH(QString, box);
+    QVERIFY2(dialogs->boxes[0].text.startsWith(box), qPrintable(dialogs->boxes[0].text));
+    QVERIFY(received.startsWith("POST /newfile.php HTTP/1.1\r\n"));
+    QCOMPARE(received.mid(received.indexOf("\r\n\r\n") + 4),
+             QByteArray("?empty=1&id=&type=3&filename=k%C3%B6ln.cfg&content=Autor%3DJ%C3%BCrgen%20"
+                        "%26%20S%C3%B6hne%2B1%0A"));
 }
 
 void TestTrainConfigurator::closingInAnEventPassIsHarmless_data()
