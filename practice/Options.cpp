@@ -134,4 +134,12 @@ bool ReadOptions(const QStringList &arguments, Options &options, QString &text, 
     return ReadNumbers(parser, options, text) && ReadNames(parser, options, text);
 }
 
+void SetUp(TrainModel &model, const Options &options)
+{
+    if (!options.loco.isEmpty())
+        model.SetLoco(options.loco);
+    model.SetSchedule(options.timetable, options.late);
+    model.SetHandSeconds(options.handSeconds);
+}
+
 } // namespace practice

@@ -33,14 +33,6 @@ int FillFolder(const Options &options)
     return 1;
 }
 
-void SetUp(TrainModel &model, const Options &options)
-{
-    if (!options.loco.isEmpty())
-        model.SetLoco(options.loco);
-    model.SetSchedule(options.timetable, options.late);
-    model.SetHandSeconds(options.handSeconds);
-}
-
 /// Serves until something ends it.
 int Run(QCoreApplication &app, const Options &options)
 {

@@ -116,9 +116,8 @@ void KabdataMain::SetUpActions()
             &KabdataMain::OnPushButtonClientStartStopClicked);
 
     // Their windows are not built yet.
-    for (QAction *action : {ui->actionSettings, ui->actionLoco_Assign, ui->actionManage_Files,
-                            ui->actionTrain_Configurator, ui->actionCab_Editor,
-                            ui->actionRoadmap_Editor, ui->actionTimetable_Editor})
+    for (QAction *action : {ui->actionManage_Files, ui->actionCab_Editor, ui->actionRoadmap_Editor,
+                            ui->actionTimetable_Editor})
         action->setEnabled(false);
 }
 

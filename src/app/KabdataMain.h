@@ -17,6 +17,8 @@
 
 #include <memory>
 
+class DlgOverviewControllerlist;
+class DlgTrainConfigurator;
 class KabdataSettings;
 class QLabel;
 class TSClientThread;
@@ -43,6 +45,8 @@ public:
 signals:
     /// The controller list with fresh values, for the overview.
     void sigControllers(QVector<VControllerBase> controllers);
+    /// The text of the loco's label changed.
+    void sigLocoLabelChanged(const QString &text);
 
 public slots:
     void OnPushButtonClientStartStopClicked();
@@ -96,6 +100,8 @@ private:
     void SaveAddressFields();
     void SetAddressReadOnly(bool readOnly);
     void ShowInterfaceState(bool isConnected);
+    void ShowLoco(const QString &text);
+    bool CheckLogin(const QString &userName, const QString &userHash);
     QString InterfaceName() const;
     LogFunction Logger();
 
@@ -126,6 +132,8 @@ private:
     bool OpenScreen(Screen screen);
     template <typename Display>
     void OpenMfa();
+    template <typename Display>
+    void OpenMtd();
     void OpenMainUs();
     bool CloseEditors();
     void TrackEditor(QWidget *window);
@@ -156,7 +164,8 @@ private:
     int mtdCount = 0;
     int pressureCount = 0;
     QDateTime recordStart;
-    QPointer<QWidget> overviewDialog;
+    QPointer<DlgOverviewControllerlist> overviewDialog;
+    QPointer<DlgTrainConfigurator> configurator;
     QVector<QPointer<QWidget>> editors; ///< must be closed before the settings go
     bool connected = false;
     bool connecting = false; ///< the start button was pressed and its reply is outstanding

@@ -2,6 +2,7 @@
 
 #include "KabdataMain.h"
 
+#include "DlgOverviewControllerlist.h"
 #include "KabdataSettings.h"
 #include "Log.h"
 #include "Numbers.h"
@@ -39,6 +40,7 @@ void KabdataMain::Connect()
                                        QString::number(settings->EthernetPort())));
     StartThread();
     ui->actionSave_Controllerlist->setEnabled(true);
+    ui->actionOverview_Controllerlist->setEnabled(true);
 }
 
 void KabdataMain::Disconnect()
@@ -141,7 +143,7 @@ void KabdataMain::OnTSClientJobFinsished(Job job)
 void KabdataMain::ShowConnectionLost()
 {
     SetAddressReadOnly(false);
-    ui->label_loco->setText(QStringLiteral("no loco"));
+    ShowLoco(QStringLiteral("no loco"));
     ShowInterfaceState(false);
     ui->pushButton_clientStartStop->setText(QStringLiteral("Start"));
     OnDebugString(QStringLiteral("(Client) - %1 not connected").arg(InterfaceName()), LogWarning);
@@ -295,7 +297,7 @@ void KabdataMain::HandleLocoName(const Job &job)
     trainData.locoName = job.text;
     OnLoadLocoConfig();
     OnDebugString(QStringLiteral("Loco Name changed: ") + job.text, LogNotification);
-    ui->label_loco->setText(currentLoco);
+    ShowLoco(currentLoco);
 }
 
 bool KabdataMain::OnLoadLocoConfig()

@@ -11,6 +11,7 @@
 #include "WidgetMFA_OEBB8090.h"
 #include "WidgetMFA_Railjet.h"
 #include "WidgetMFD.h"
+#include "WidgetMTD_BR145.h"
 #include "WidgetMainUsDisplay.h"
 #include "ui_KabdataMain.h"
 
@@ -24,6 +25,7 @@ const KabdataMain::ScreenRow KabdataMain::kScreens[] = {
     {Screen::MfaRailjet, &KabdataMain::OpenMfa<WidgetMFA_Railjet>},
     {Screen::MfaOebb8090, &KabdataMain::OpenMfa<WidgetMFA_OEBB8090>},
     {Screen::MainUs, &KabdataMain::OpenMainUs},
+    {Screen::MtdBr145, &KabdataMain::OpenMtd<WidgetMTD_BR145>},
 };
 
 Qt::WindowFlags KabdataMain::DisplayFlags() const
@@ -54,6 +56,19 @@ void KabdataMain::OpenMfa()
     connect(display, &Display::sigWriteTrainDataIntern, this, &KabdataMain::OnWriteTraindataIntern);
     connect(display, &QObject::destroyed, this, &KabdataMain::OnCloseMFA);
     display->show();
+    display->SetLocoData(&locoData);
+}
+
+template <typename Display>
+void KabdataMain::OpenMtd()
+{
+    auto *display = new Display(settings.get(), WidgetMFD::FrameSiemens, nullptr, DisplayFlags());
+    display->setMinimumSize(800, 500);
+    display->setWindowIcon(QIcon(QStringLiteral(":/icons/icon_mtd")));
+    connect(display, &Display::sigWriteControllerValue, this, &KabdataMain::OnWriteControllerValue);
+    connect(display, &QObject::destroyed, this, &KabdataMain::OnCloseMTD);
+    display->show();
+    display->SetTrainData(&trainData);
     display->SetLocoData(&locoData);
 }
 
@@ -126,15 +141,7 @@ void KabdataMain::OnCloseMTD()
     mtdOpen = mtdCount > 0;
 }
 
-void KabdataMain::OnOpenDlgOverviewControllerlist()
-{
-    AddJob(JobControllerListValues, QStringLiteral("Get ControllerlistValue"));
-}
-
-void KabdataMain::OnOpenDlgSettings() { }
-void KabdataMain::OnOpenDlgLocoAssign() { }
 void KabdataMain::OnOpenDlgCheckNewFiles() { }
-void KabdataMain::OnOpenDlgTrainConfigurator() { }
 void KabdataMain::OnOpenCabEditor() { }
 void KabdataMain::OnOpenWindowCreateRoadMap() { }
 void KabdataMain::OnOpenWindowCreateTrainSchedule() { }

@@ -61,8 +61,7 @@ bool Journey::Connect()
     window->findChild<QPushButton *>(QStringLiteral("pushButton_clientStartStop"))->click();
     const bool learnt = WaitFor([this] { return LocoText() == model.Loco().name; });
     if (!learnt) {
-        const auto *log
-            = window->findChild<QPlainTextEdit *>(QStringLiteral("plainTextEdit_log"));
+        const auto *log = window->findChild<QPlainTextEdit *>(QStringLiteral("plainTextEdit_log"));
         qWarning("no loco:\n%s", qPrintable(log->toPlainText().right(4000)));
     }
     return learnt;

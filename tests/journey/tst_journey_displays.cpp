@@ -9,8 +9,10 @@
 #include "TestMain.h"
 #include "WidgetES44AC.h"
 #include "WidgetMFA.h"
+#include "WidgetMTD.h"
 #include "WidgetMainUsDisplay.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QPointer>
 #include <QTableWidget>
@@ -24,6 +26,8 @@ class TestJourneyDisplays : public QObject
 private slots:
     void indicatorScreensFollowTheTrain_data();
     void indicatorScreensFollowTheTrain();
+    void touchScreensShowTheirPagesByKey_data();
+    void touchScreensShowTheirPagesByKey();
     void theNorthAmericanScreenFollowsItsPlan();
 };
 
@@ -117,6 +121,46 @@ void TestJourneyDisplays::indicatorScreensFollowTheTrain()
     screen->close();
     QTRY_VERIFY(!screen);
     QVERIFY(journey.IsEnabled("actionMFA"));
+    QVERIFY(journey.Disconnect());
+}
+
+void TestJourneyDisplays::touchScreensShowTheirPagesByKey_data()
+{
+    QTest::addColumn<QString>("loco");
+    QTest::addColumn<QString>("className");
+    QTest::newRow("BR 145") << "BR 145 023 Rheintal"
+                            << "WidgetMTD_BR145";
+    QTest::newRow("BR 185") << "BR 185 112 Rheintal"
+                            << "WidgetMTD_BR145";
+}
+
+void TestJourneyDisplays::touchScreensShowTheirPagesByKey()
+{
+    QFETCH(QString, loco);
+    QFETCH(QString, className);
+    Journey journey(loco);
+    QVERIFY(journey.Connect());
+    QVERIFY(journey.IsEnabled("actionMTD"));
+    journey.Trigger("actionMTD");
+    QPointer<WidgetMTD> screen = Journey::Find<WidgetMTD>();
+    QVERIFY(screen);
+    QCOMPARE(QString::fromLatin1(screen->metaObject()->className()), className);
+    screen->resize(800, 502);
+    QVERIFY(journey.DriveUntil(Faster, 400));
+    const QString name = "mtd_" + QString::fromLatin1(QTest::currentDataTag()).replace(' ', '_');
+    for (const char *light : {"day", "night"}) {
+        for (const char *key : {"C", "1", "2", "3", "4", "5", "6", "7", "8", "9", "0"}) {
+            QTest::mouseClick(screen->Key(key), Qt::LeftButton);
+            QVERIFY2(screen, key);
+            QVERIFY(journey.Drive(1));
+            screen->OnUpdateSecondTimer();
+            LeavePicture(*screen, QString("%1_%2_%3").arg(name, light, key));
+        }
+        QTest::mouseClick(screen->Key("kont"), Qt::LeftButton);
+    }
+    screen->close();
+    QTRY_VERIFY(!screen);
+    QVERIFY(journey.IsEnabled("actionMTD"));
     QVERIFY(journey.Disconnect());
 }
 

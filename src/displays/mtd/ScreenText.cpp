@@ -1,6 +1,7 @@
 #include "ScreenText.h"
 
 #include "ControlLight.h"
+#include "MtdChoice.h"
 #include "MtdDigitBox.h"
 #include "ValueBar.h"
 
@@ -17,6 +18,7 @@ bool IsPlainText(const QWidget *widget)
         return false;
     return widget->metaObject() == &QLabel::staticMetaObject
         || qobject_cast<const MtdDigitBox *>(widget) != nullptr
+        || qobject_cast<const MtdChoice *>(widget) != nullptr
         || qobject_cast<const ControlLight *>(widget) != nullptr
         || qobject_cast<const QLineEdit *>(widget) != nullptr
         || qobject_cast<const QTableWidget *>(widget) != nullptr;

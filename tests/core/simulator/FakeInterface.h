@@ -46,7 +46,8 @@ public:
         const std::lock_guard<std::mutex> lock(mutex);
         return living;
     }
-    /// True when an operation ever ran on the thread that made this object.
+    /// True when an operation or the end of an interface ever ran on the thread that made this
+    /// object.
     bool RanOnOwnThread()
     {
         const std::lock_guard<std::mutex> lock(mutex);
@@ -59,7 +60,10 @@ public:
     }
     void Died()
     {
-        Locked([this] { --living; });
+        Locked([this] {
+            --living;
+            ranOnOwnThread = ranOnOwnThread || std::this_thread::get_id() == owner;
+        });
     }
     /// Notes the call, and tells whether the connection is lost with it.
     bool Visit(const QString &call)
