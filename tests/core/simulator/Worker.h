@@ -3,19 +3,12 @@
 #include "TSClientThread.h"
 
 #include <QStringList>
-#include <QVector>
 
-#include <atomic>
 #include <chrono>
 #include <condition_variable>
-#include <functional>
 #include <mutex>
-#include <thread>
 
-/// The line that a job leaves when it finds no connection.
-const QString kPrefix("(Client) - ");
-
-/// A worker, with everything it says collected by direct calls on the thread that says it.
+/// A worker, with its replies collected by direct calls on the thread that gives them.
 class Worker
 {
 public:
@@ -25,12 +18,11 @@ public:
         QObject::connect(
             &thread, &TSClientThread::sigJobFinished, &thread,
             [this](const Job &job) { TakeReply(job); }, Qt::DirectConnection);
+        // What the main window does with a line must not block on the queue's lock.
         QObject::connect(
-            &thread, &TSClientThread::sigDebugString, &thread,
-            [this](const QString &text, int level) { TakeLine(text, level); },
+            &thread, &TSClientThread::sigDebugString, &thread, [this] { thread.JobCount(); },
             Qt::DirectConnection);
     }
-
     Worker &Add(int type, const QString &text = QString("request"))
     {
         thread.AddJob({type, text});
@@ -39,9 +31,10 @@ public:
     /// Adds one job, starts, and gives the text of the reply.
     QString Ask(int type, const QString &text = QString("request"))
     {
-        const int before = ReplyCount();
+        const int before = Replies().size();
         Add(type, text).thread.start();
-        return WaitForReplies(before + 1) ? Reply(before) : QString("(no reply)");
+        return WaitForReplies(before + 1) ? Replies()[before].section(' ', 1)
+                                          : QString("(no reply)");
     }
     bool WaitForReplies(int count)
     {
@@ -49,75 +42,24 @@ public:
         return changed.wait_until(lock, std::chrono::system_clock::now() + std::chrono::seconds(60),
                                   [this, count] { return replies.size() >= count; });
     }
-    int ReplyCount()
-    {
-        const std::lock_guard<std::mutex> lock(mutex);
-        return replies.size();
-    }
-    QString Reply(int at)
-    {
-        const std::lock_guard<std::mutex> lock(mutex);
-        return replies[at].text;
-    }
+    /// Type and text of each.
     QStringList Replies()
     {
         const std::lock_guard<std::mutex> lock(mutex);
-        QStringList texts;
-        for (const Job &job : replies)
-            texts.append(QString::number(job.type) + QLatin1Char(' ') + job.text);
-        return texts;
+        return replies;
     }
-    /// The levels of the bare prefix lines so far.
-    QList<int> PrefixLevels()
-    {
-        const std::lock_guard<std::mutex> lock(mutex);
-        return prefixLevels;
-    }
-    QStringList Lines()
-    {
-        const std::lock_guard<std::mutex> lock(mutex);
-        return lines;
-    }
-
-    /// Waits for replies without going to sleep, to be back as early as can be.
-    bool SpinForReplies(int count)
-    {
-        const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(60);
-        while (answered < count) {
-            if (std::chrono::steady_clock::now() > end)
-                return false;
-            std::this_thread::yield();
-        }
-        return true;
-    }
-
-    std::function<void(const Job &)> onReply; ///< runs on the worker's thread
 
 private:
     void TakeReply(const Job &job)
     {
-        if (onReply)
-            onReply(job);
         const std::lock_guard<std::mutex> lock(mutex);
-        replies.append(job);
+        replies.append(QString::number(job.type) + QLatin1Char(' ') + job.text);
         changed.notify_all();
-        ++answered;
-    }
-    void TakeLine(const QString &text, int level)
-    {
-        thread.JobCount(); // what the main window does here must not block on the queue's lock
-        const std::lock_guard<std::mutex> lock(mutex);
-        lines.append(text);
-        if (text == kPrefix)
-            prefixLevels.append(level);
     }
 
     std::mutex mutex;
     std::condition_variable changed;
-    QVector<Job> replies;
-    std::atomic<int> answered{0};
-    QList<int> prefixLevels;
-    QStringList lines;
+    QStringList replies;
 
 public:
     TSClientThread thread; ///< last, so that it has ended before the rest goes
