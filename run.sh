@@ -41,15 +41,15 @@ work=$build/home/work
 mkdir -p "$work" "$XDG_DATA_HOME/Zugblick"
 cp -Rn practice/workfolder/. "$work/"
 
-# Serves over TCP, on any free port, and sets `port` to the one it says.
+# Serves over TCP and the web, on any free ports, and sets `port` and `web` to what it says.
 start_bridge() {
     said=$build/home/practice.out
     : > "$said"
-    "$practice" --port 0 --workfolder "$work" "$@" > "$said" &
+    "$practice" --port 0 --web-port 0 --workfolder "$work" "$@" > "$said" &
     bridge=$!
     trap 'kill "$bridge" 2>/dev/null || true' EXIT INT TERM
     tries=0
-    until port=$(sed -n 's/^listening on //p' "$said") && [ -n "$port" ]; do
+    until port=$(sed -n 's/^listening on //p' "$said") && grep -q '^web on ' "$said"; do
         kill -0 "$bridge" 2>/dev/null || {
             echo "The practice simulator did not start." >&2
             exit 1
@@ -58,11 +58,14 @@ start_bridge() {
         [ "$tries" -le 100 ] || { echo "The practice simulator opened no port." >&2; exit 1; }
         sleep 0.1
     done
+    web=http://127.0.0.1:$(sed -n 's/^web on //p' "$said")
+    echo "What Zugblick sends to the server shows at $web/inbox"
 }
 
 if [ -n "$direct" ]; then
     type=0
     port=47812
+    web=
     ZUGBLICK_PRACTICE=$(IFS=';' && echo "$*")
     export ZUGBLICK_PRACTICE
 else
@@ -88,6 +91,13 @@ level=0
 [paths]
 workfolder=$work
 ts2017=$build/practice/simulator
+
+[url]
+host=$web
+
+[user]
+name=practice
+hash=practice
 INI
 
 "$build/src/app/zugblick"

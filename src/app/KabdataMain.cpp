@@ -7,6 +7,7 @@
 #include "Log.h"
 #include "Numbers.h"
 #include "SafePath.h"
+#include "ServerClient.h"
 #include "TSClientThread.h"
 #include "UserDialogs.h"
 #include "WorkFolders.h"
@@ -60,6 +61,9 @@ KabdataMain::KabdataMain(QWidget *parent, InterfaceFactory interfaceFactory)
     settings = std::make_unique<KabdataSettings>();
     settings->SetStartup(false);
     log = std::make_unique<LogWriter>(ui->plainTextEdit_log, settings.get());
+    server = new ServerClient(settings.get(), this);
+    connect(server, &ServerClient::sigDebugString, this,
+            qOverload<QString, int>(&KabdataMain::OnDebugString));
     updateTimer->setInterval(settings->UpdateInterval());
 
     SetUpActions();
@@ -117,7 +121,7 @@ void KabdataMain::SetUpActions()
 
     // Their windows are not built yet.
     for (QAction *action :
-         {ui->actionManage_Files, ui->actionRoadmap_Editor, ui->actionTimetable_Editor})
+         {ui->actionRoadmap_Editor, ui->actionTimetable_Editor})
         action->setEnabled(false);
 }
 

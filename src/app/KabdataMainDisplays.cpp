@@ -143,6 +143,5 @@ void KabdataMain::OnCloseMTD()
     mtdOpen = mtdCount > 0;
 }
 
-void KabdataMain::OnOpenDlgCheckNewFiles() { }
 void KabdataMain::OnOpenWindowCreateRoadMap() { }
 void KabdataMain::OnOpenWindowCreateTrainSchedule() { }
