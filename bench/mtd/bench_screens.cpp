@@ -97,6 +97,19 @@ std::unique_ptr<QWidget> Open(KabdataSettings &settings, TrainData &train, LocoD
     return screen;
 }
 
+/// Counts what is painted: a screen that shows nothing costs nothing.
+class PaintWatch : public QObject
+{
+public:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        paints += event->type() == QEvent::Paint ? 1 : 0;
+        return QObject::eventFilter(watched, event);
+    }
+
+    int paints = 0;
+};
+
 double CpuSeconds()
 {
     return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
@@ -135,9 +148,11 @@ int main(int argc, char **argv)
     replies.start(kPollingInterval);
 
     // The first second lays the windows out; what counts is the driving after it.
+    PaintWatch watch;
     double before = 0.0;
     QElapsedTimer wall;
     QTimer::singleShot(1000, &app, [&] {
+        app.installEventFilter(&watch);
         before = CpuSeconds();
         wall.start();
         QTimer::singleShot(seconds * 1000, &app, &QCoreApplication::quit);
@@ -145,7 +160,8 @@ int main(int argc, char **argv)
     app.exec();
 
     const double share = 100.0 * (CpuSeconds() - before) / (wall.elapsed() / 1000.0);
-    std::printf("%zu screens, %d replies in %d s: %.2f %% of one core (most %.0f %%)\n",
-                screens.size(), reply, seconds, share, kMostShare);
+    std::printf(
+        "%zu screens, %d replies and %d paints in %d s: %.2f %% of one core (most %.0f %%)\n",
+        screens.size(), reply, watch.paints, seconds, share, kMostShare);
     return share < kMostShare ? 0 : 1;
 }

@@ -1,7 +1,7 @@
-#include "../us/PaintCounter.h"
 #include "ControlLight.h"
 #include "LZBDisplayBR145.h"
 #include "LampField.h"
+#include "PaintCounter.h"
 #include "PanelFixture.h"
 #include "PanelLamps.h"
 #include "Speedometer.h"
