@@ -75,6 +75,14 @@ void TestRailjetPictures::nothingIsCut()
         QVERIFY2(text.height() <= label->height(), name);
         QVERIFY2(page->rect().contains(QRect(label->mapTo(page, {0, 0}), label->size())), name);
     }
+    const auto *strip = page->findChild<MtdKeyStrip *>();
+    for (int place = 0; place < MtdKeyStrip::KeyCount; ++place) {
+        const QWidget *key = screen.Key(QString::number((place + 1) % 10));
+        const QLabel *caption = strip->Caption(place);
+        const int off = caption->mapTo(&screen, caption->rect().center()).x()
+            - key->mapTo(&screen, key->rect().center()).x();
+        QVERIFY2(std::abs(off) <= 1, QByteArray::number(place));
+    }
     const QString name = QStringLiteral("railjet-%1-%2-").arg(state).arg(size.width());
     LeavePicture(screen, name + QStringLiteral("day"));
     Press(screen, {QStringLiteral("kont")});
