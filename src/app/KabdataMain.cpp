@@ -120,8 +120,7 @@ void KabdataMain::SetUpActions()
             &KabdataMain::OnPushButtonClientStartStopClicked);
 
     // Their windows are not built yet.
-    for (QAction *action :
-         {ui->actionRoadmap_Editor, ui->actionTimetable_Editor})
+    for (QAction *action : {ui->actionRoadmap_Editor, ui->actionTimetable_Editor})
         action->setEnabled(false);
 }
 

@@ -138,7 +138,10 @@ private:
     template <typename Display>
     void OpenMfa();
     template <typename Display>
+    Display *CreateTouchDisplay();
+    template <typename Display>
     void OpenMtd();
+    void OpenMfaBr442();
     void OpenMainUs();
     bool CloseEditors();
     void TrackEditor(QWidget *window);

@@ -8,6 +8,7 @@
 #include "WidgetMFA_BR101.h"
 #include "WidgetMFA_BR145.h"
 #include "WidgetMFA_BR155.h"
+#include "WidgetMFA_BR442.h"
 #include "WidgetMFA_OEBB8090.h"
 #include "WidgetMFA_Railjet.h"
 #include "WidgetMFD.h"
@@ -25,6 +26,7 @@ const KabdataMain::ScreenRow KabdataMain::kScreens[] = {
     {Screen::MfaBr155, &KabdataMain::OpenMfa<WidgetMFA_BR155>},
     {Screen::MfaRailjet, &KabdataMain::OpenMfa<WidgetMFA_Railjet>},
     {Screen::MfaOebb8090, &KabdataMain::OpenMfa<WidgetMFA_OEBB8090>},
+    {Screen::MfaBr442, &KabdataMain::OpenMfaBr442},
     {Screen::MainUs, &KabdataMain::OpenMainUs},
     {Screen::MtdRailjet, &KabdataMain::OpenMtd<WidgetMTD_Railjet>},
     {Screen::MtdBr145, &KabdataMain::OpenMtd<WidgetMTD_BR145>},
@@ -61,16 +63,35 @@ void KabdataMain::OpenMfa()
     display->SetLocoData(&locoData);
 }
 
+/// A display in the touch frame, before it is shown.
 template <typename Display>
-void KabdataMain::OpenMtd()
+Display *KabdataMain::CreateTouchDisplay()
 {
     auto *display = new Display(settings.get(), WidgetMFD::FrameSiemens, nullptr, DisplayFlags());
     display->setMinimumSize(800, 500);
-    display->setWindowIcon(QIcon(QStringLiteral(":/icons/icon_mtd")));
+    display->SetTrainData(&trainData);
     connect(display, &Display::sigWriteControllerValue, this, &KabdataMain::OnWriteControllerValue);
+    return display;
+}
+
+template <typename Display>
+void KabdataMain::OpenMtd()
+{
+    auto *display = CreateTouchDisplay<Display>();
+    display->setWindowIcon(QIcon(QStringLiteral(":/icons/icon_mtd")));
     connect(display, &QObject::destroyed, this, &KabdataMain::OnCloseMTD);
     display->show();
-    display->SetTrainData(&trainData);
+    display->SetLocoData(&locoData);
+}
+
+/// The one MFA that stands in the touch frame.
+void KabdataMain::OpenMfaBr442()
+{
+    auto *display = CreateTouchDisplay<WidgetMFA_BR442>();
+    connect(display, &WidgetMFA_BR442::sigWriteTrainDataIntern, this,
+            &KabdataMain::OnWriteTraindataIntern);
+    connect(display, &QObject::destroyed, this, &KabdataMain::OnCloseMFA);
+    display->show();
     display->SetLocoData(&locoData);
 }
 

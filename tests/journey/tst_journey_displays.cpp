@@ -135,6 +135,7 @@ void TestJourneyDisplays::touchScreensShowTheirPagesByKey_data()
     QTest::newRow("Railjet") << "Railjet 1116 201"
                              << "WidgetMTD_Railjet";
     QTest::newRow("8090") << QString::fromUtf8("ÖBB 8090 715") << "WidgetMTD_Railjet";
+    QTest::newRow("BR 442") << "BR 442 205 Talent" << "WidgetMTD_BR145";
 }
 
 void TestJourneyDisplays::touchScreensShowTheirPagesByKey()
