@@ -86,6 +86,12 @@ struct WebServer::Serving
 
 WebServer::Serving::Serving()
 {
+    // The library's own options let a second server share the port without a word.
+    server.set_socket_options([](socket_t socket) {
+        const int yes = 1;
+        setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, reinterpret_cast<const char *>(&yes),
+                   sizeof(yes));
+    });
     server.set_keep_alive_timeout(1); // a stop waits that long for idle clients
     server.Get(".*", [this](const httplib::Request &request, httplib::Response &response) {
         Answer(request, std::string(), response);

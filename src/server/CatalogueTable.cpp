@@ -2,6 +2,8 @@
 
 #include <QCheckBox>
 #include <QHeaderView>
+#include <QStyleOptionButton>
+#include <QStylePainter>
 #include <QTableWidget>
 
 namespace {
@@ -45,6 +47,10 @@ void SetUpColumns(QTableWidget &table, int type)
     table.setHorizontalHeaderLabels(headers);
     table.horizontalHeaderItem(4)->setToolTip(QStringLiteral("Version auf dem Server"));
     table.horizontalHeaderItem(5)->setToolTip(QStringLiteral("Version auf diesem Rechner"));
+    QFont narrow = table.horizontalHeader()->font();
+    narrow.setPointSizeF(narrow.pointSizeF() * 0.75);
+    table.horizontalHeaderItem(4)->setFont(narrow);
+    table.horizontalHeaderItem(5)->setFont(narrow);
     table.horizontalHeader()->setMinimumSectionSize(kVersionWidth);
     table.horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     table.setColumnWidth(4, kVersionWidth);
@@ -85,9 +91,25 @@ QTableWidgetItem *StateItem(const StateRow &state)
     return item;
 }
 
+/// A check box in the middle of its cell, which is hit wherever the cell is.
+class CellCheckBox : public QCheckBox
+{
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QStylePainter painter(this);
+        QStyleOptionButton option;
+        initStyleOption(&option);
+        const QRect mark = style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, this);
+        option.rect.setLeft((width() - mark.width()) / 2);
+        painter.drawControl(QStyle::CE_CheckBox, option);
+    }
+    bool hitButton(const QPoint &position) const override { return rect().contains(position); }
+};
+
 QCheckBox *PickBox(const FileEntry &entry, bool free)
 {
-    auto *box = new QCheckBox;
+    auto *box = new CellCheckBox;
     box->setProperty("filename", entry.filename);
     box->setProperty("basename", entry.basename);
     box->setProperty("type", entry.type);
@@ -130,14 +152,20 @@ void FillCatalogueTable(QTableWidget &table, const QVector<FileEntry> &entries, 
             && (search.size() < kShortestSearch || MatchesSearch(entry, search)))
             shown.append(&entry);
     }
-    table.setUpdatesEnabled(false);
+    // Out of sight, since each of thousands of check boxes that goes, comes or moves in view is
+    // clipped against all the others.
+    table.viewport()->hide();
     table.setSortingEnabled(false); // each cell would move its row before the next one is set
+    // At once: thousands of deferred deletions would slow down each event that comes behind.
+    for (int row = 0; row < table.rowCount(); ++row)
+        delete table.cellWidget(row, 0);
     table.setRowCount(0);
     SetUpColumns(table, type);
     table.setRowCount(shown.size());
     for (int row = 0; row < shown.size(); ++row)
         FillRow(table, row, *shown[row]);
-    table.setUpdatesEnabled(true);
+    table.doItemsLayout();
+    table.viewport()->show();
 }
 
 void TickAll(QTableWidget &table, bool ticked)

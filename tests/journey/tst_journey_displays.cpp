@@ -216,7 +216,7 @@ void TestJourneyDisplays::theNorthAmericanScreenFollowsItsPlan()
     const practice::TrainModel &train = journey.Train();
     const QString station = train.TheLine().Stations()[train.NextHalt().station].name;
     QTRY_COMPARE(screen->findChild<QLabel *>("label_destination")->text(), station);
-    QVERIFY(screen->CurrentEntry() >= 0);
+    QTRY_VERIFY(screen->CurrentEntry() >= 0);
     QVERIFY(screen->findChild<QLabel *>("label_milepoint")->text().toDouble() > 0.0);
     LeavePicture(*window, "us_track");
     window->close();

@@ -38,6 +38,7 @@ private slots:
     void wrongArgumentsAreExplained_data();
     void wrongArgumentsAreExplained();
     void itTellsItsPortAndServes();
+    void itServesTheWebToo();
     void itObeysStandardInput();
 };
 
@@ -49,6 +50,8 @@ void TestPracticeProgram::wrongArgumentsAreExplained_data()
     QTest::newRow("fields that no reply has")
         << QStringList{"--fields", "8"} << QByteArray("6, 9 or 17");
     QTest::newRow("an unknown loco") << QStringList{"--loco", "X"} << QByteArray("Railjet");
+    QTest::newRow("an unknown fault of the web server")
+        << QStringList{"--web-port", "0", "--web-fault", "403"} << QByteArray("garbage");
     QTest::newRow("an unknown option") << QStringList{"--wat"} << QByteArray("wat");
     QTest::newRow("standing time") << QStringList{"--speedup", "0"} << QByteArray("--speedup");
 }
@@ -80,6 +83,22 @@ void TestPracticeProgram::itTellsItsPortAndServes()
         return socket.readAll();
     };
     QTRY_VERIFY2(!ask().startsWith("@000058;004;000002;50.9430000:"), "the train departs");
+}
+
+void TestPracticeProgram::itServesTheWebToo()
+{
+    Program program({"--port", "0", "--web-port", "0", "--web-version", "7.7"});
+    QVERIFY(program.FirstLine().startsWith("listening on "));
+    const QByteArray line = program.FirstLine();
+    QVERIFY2(line.startsWith("web on "), line.constData());
+    QTcpSocket socket;
+    socket.connectToHost("127.0.0.1", line.mid(7).trimmed().toUShort());
+    socket.write("GET /jdownloads/Zugblick/VersionsInfo/version_zugblick.txt HTTP/1.0\r\n\r\n");
+    QTRY_COMPARE(socket.state(), QAbstractSocket::UnconnectedState);
+    QVERIFY(socket.readAll().endsWith("\r\n\r\n7.7"));
+    program.process.write("quit\n");
+    QVERIFY(program.Ends());
+    QCOMPARE(program.process.exitCode(), 0);
 }
 
 void TestPracticeProgram::itObeysStandardInput()

@@ -510,9 +510,9 @@ void TestCheckNewFiles::leavesPictures()
                       "<Description>Alle Halte, verkehrt Mo-Fr</Description>"
                       "<Scenario>Rheintal im Winter</Scenario><Name>RB 26");
     Open(catalogue);
-    Tick("RB 26");
     for (const char *kind : {"radioButton_timetable", "radioButton_roadmaps"}) {
         Child<QRadioButton>(kind)->click();
+        dialog->OnPushSelectAll();
         const QList<QSize> sizes{dialog->minimumSize(), QSize(960, 560), QSize(1440, 840)};
         for (const QSize &size : sizes) {
             dialog->resize(size);

@@ -1,0 +1,237 @@
+// The web server of the practice simulator, and the catalogue dialog against it.
+
+#include "Catalogue.h"
+#include "DlgCheckNewFiles.h"
+#include "KabdataSettings.h"
+#include "LoginCheck.h"
+#include "ScriptedDialogs.h"
+#include "ServerClient.h"
+#include "ServerUrl.h"
+#include "TestMain.h"
+#include "WebContent.h"
+#include "WebServer.h"
+#include "WorkFolderFiles.h"
+#include "WorkFolders.h"
+
+#include <QRadioButton>
+#include <QTableWidget>
+#include <QTemporaryDir>
+
+#include <memory>
+
+using practice::WebFault;
+using practice::WebServer;
+
+class TestPracticeWeb : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void theCatalogueNamesFilesThatExist();
+    void faultsAreReadFromText_data();
+    void faultsAreReadFromText();
+    void theDialogInstallsFromIt();
+    void theInboxShowsWhatWasSent();
+    void onlyTheKnownUserMayPublish_data();
+    void onlyTheKnownUserMayPublish();
+    void faultsPlay_data();
+    void faultsPlay();
+    void aFaultPlaysOnEveryNthRequest();
+    void aStalledClientDoesNotKeepItFromStopping();
+    void aTakenPortIsRefused();
+
+private:
+    QNetworkReply *Ask(const QString &path);
+
+    std::unique_ptr<QTemporaryDir> folder;
+    std::unique_ptr<KabdataSettings> settings;
+    std::unique_ptr<WebServer> web;
+    std::unique_ptr<QWidget> window;
+    ServerClient *client = nullptr;
+};
+
+void TestPracticeWeb::init()
+{
+    folder = std::make_unique<QTemporaryDir>();
+    settings = std::make_unique<KabdataSettings>(folder->filePath("kabdata.ini"));
+    settings->SetWorkFolder(folder->path());
+    web = std::make_unique<WebServer>();
+    QVERIFY2(web->Start(0), qPrintable(web->ErrorText()));
+    settings->SetUrlHost(QString("http://127.0.0.1:%1").arg(web->Port()));
+    window = std::make_unique<QWidget>();
+    client = new ServerClient(settings.get(), window.get());
+}
+
+void TestPracticeWeb::cleanup()
+{
+    window.reset();
+    web.reset();
+}
+
+/// The reply, ended.
+QNetworkReply *TestPracticeWeb::Ask(const QString &path)
+{
+    QNetworkReply *reply = client->Get(path);
+    client->Await(reply);
+    return reply;
+}
+
+void TestPracticeWeb::theCatalogueNamesFilesThatExist()
+{
+    const Catalogue catalogue = ReadCatalogue(Ask(ServerPaths::kCatalogue)->readAll());
+    QCOMPARE(catalogue.error, QString());
+    QCOMPARE(catalogue.entries.size(), practice::WebFiles().size());
+    QSet<int> types;
+    for (const FileEntry &entry : catalogue.entries) {
+        types.insert(entry.type);
+        QNetworkReply *reply = Ask(entry.filename.mid(1));
+        QVERIFY2(ServerClient::HasSucceeded(*reply), qPrintable(entry.filename));
+        QVERIFY2(reply->readAll().contains("Version=" + entry.version.toUtf8() + '\n'),
+                 qPrintable(entry.filename));
+        QVERIFY(!entry.name.isEmpty());
+    }
+    QCOMPARE(types, QSet<int>({1, 2, 3}));
+}
+
+void TestPracticeWeb::faultsAreReadFromText_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("every"); // 0: refused
+
+    QTest::newRow("on every request") << "slow" << 1;
+    QTest::newRow("on every third") << "404:3" << 3;
+    QTest::newRow("never") << "404:0" << 0;
+    QTest::newRow("no number") << "404:x" << 0;
+    QTest::newRow("two numbers") << "404:1:2" << 0;
+    QTest::newRow("no fault") << "403" << 0;
+}
+
+void TestPracticeWeb::faultsAreReadFromText()
+{
+    QFETCH(QString, text);
+    QFETCH(int, every);
+    WebFault fault;
+    QCOMPARE(practice::ReadWebFault(text, fault), every > 0);
+    if (every > 0)
+        QCOMPARE(fault.every, every);
+}
+
+void TestPracticeWeb::theDialogInstallsFromIt()
+{
+    QString failed;
+    QVERIFY(practice::WriteWorkFolder(folder->path(), true, failed));
+    ScriptedDialogs dialogs;
+    dialogs.answers = {UserDialogs::Answer::Yes};
+    DlgCheckNewFiles dialog(settings.get());
+    dialog.show();
+    const auto *table = dialog.findChild<QTableWidget *>();
+    QTRY_VERIFY(table->rowCount() > 0);
+    const auto states = [table] {
+        QMap<QString, int> counts;
+        for (int row = 0; row < table->rowCount(); ++row)
+            ++counts[table->item(row, 1)->text()];
+        return counts;
+    };
+    for (const char *kind :
+         {"radioButton_timetable", "radioButton_roadmaps", "radioButton_lococonfig"}) {
+        dialog.findChild<QRadioButton *>(kind)->click();
+        const int files = table->rowCount();
+        QCOMPARE(states(),
+                 (QMap<QString, int>{{"neu", 1}, {"update", 1}, {"bereits vorhanden", files - 2}}));
+        dialog.OnPushSelectAll();
+        dialog.OnDownloadFiles();
+        QCOMPARE(states(), (QMap<QString, int>{{"bereits vorhanden", files}}));
+    }
+    QCOMPARE(dialogs.boxes.size(), 1); // the question at the start
+}
+
+void TestPracticeWeb::theInboxShowsWhatWasSent()
+{
+    const QByteArray large = "content=" + QByteArray(100000, 'x');
+    QVERIFY(client->Await(client->Post(ServerPaths::kNewFile, large, kFormContentType)));
+    QVERIFY(client->Await(client->Post(ServerPaths::kTrip, "userid=J\xc3\xb6&", "text/plain")));
+    QCOMPARE(web->Inbox().size(), 2);
+    QCOMPARE(web->Inbox()[0].path, QString("/newfile.php"));
+    QCOMPARE(web->Inbox()[0].body, large);
+    QCOMPARE(web->Inbox()[1].path, QString(ServerPaths::kTrip));
+    const QByteArray page = Ask("/inbox")->readAll();
+    QVERIFY(page.startsWith("2 posts\n"));
+    QVERIFY(page.contains("\nPOST /index.php?option=com_traindriver&view=trip\nuserid=J\xc3\xb6&"));
+}
+
+void TestPracticeWeb::onlyTheKnownUserMayPublish_data()
+{
+    QTest::addColumn<QString>("hash");
+    QTest::addColumn<bool>("allowed");
+    QTest::newRow("practice") << "practice" << true;
+    QTest::newRow("anything else") << "Practice" << false;
+}
+
+void TestPracticeWeb::onlyTheKnownUserMayPublish()
+{
+    QFETCH(QString, hash);
+    QTEST(LoginCheck(client).Run("practice", hash), "allowed");
+}
+
+void TestPracticeWeb::faultsPlay_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<int>("status"); // 0: none
+    QTest::addColumn<bool>("hasError");
+
+    QTest::newRow("cut") << int(WebFault::Cut) << 200 << true;
+    QTest::newRow("404") << int(WebFault::NotFound) << 404 << true;
+    QTest::newRow("500") << int(WebFault::Broken) << 500 << true;
+    QTest::newRow("302") << int(WebFault::Redirect) << 302 << false;
+    QTest::newRow("garbage") << int(WebFault::Garbage) << 200 << false;
+    QTest::newRow("broken XML") << int(WebFault::BadXml) << 200 << false;
+    QTest::newRow("stall") << int(WebFault::Stall) << 0 << true;
+}
+
+void TestPracticeWeb::faultsPlay()
+{
+    QFETCH(int, kind);
+    QFETCH(bool, hasError);
+    WebFault fault;
+    fault.kind = static_cast<WebFault::Kind>(kind);
+    web->SetFault(fault);
+    client->SetTransferTimeout(fault.kind == WebFault::Stall ? 200 : 15000);
+    QNetworkReply *reply = Ask(ServerPaths::kCatalogue);
+    QTEST(reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt(), "status");
+    QCOMPARE(reply->error() != QNetworkReply::NoError, hasError);
+    if (kind == WebFault::Garbage)
+        QCOMPARE(reply->bytesAvailable(), 10 * 1024 * 1024);
+    if (kind == WebFault::BadXml)
+        QVERIFY(!ReadCatalogue(reply->readAll()).error.isEmpty());
+}
+
+void TestPracticeWeb::aFaultPlaysOnEveryNthRequest()
+{
+    web->SetFault({WebFault::NotFound, 3});
+    QVector<bool> succeeded;
+    for (int request = 0; request < 6; ++request)
+        succeeded.append(ServerClient::HasSucceeded(*Ask(ServerPaths::kVersion)));
+    QCOMPARE(succeeded, QVector<bool>({true, true, false, true, true, false}));
+}
+
+void TestPracticeWeb::aStalledClientDoesNotKeepItFromStopping()
+{
+    web->SetFault({WebFault::Stall, 1});
+    QNetworkReply *reply = client->Post(ServerPaths::kTrip, "a=b", kFormContentType);
+    QTRY_COMPARE(web->Inbox().size(), 1);
+    web.reset();
+    QTRY_VERIFY(reply->isFinished());
+}
+
+void TestPracticeWeb::aTakenPortIsRefused()
+{
+    WebServer second;
+    QVERIFY(!second.Start(web->Port()));
+    QVERIFY(!second.ErrorText().isEmpty());
+}
+
+ZUGBLICK_TEST_MAIN(TestPracticeWeb)
+#include "tst_practice_web.moc"
