@@ -26,16 +26,19 @@ mkdir -p "$work" "$XDG_DATA_HOME/Zugblick"
 cp -Rn practice/workfolder/. "$work/"
 said=$build/home/practice.out
 : > "$said"
-"$build/practice/zugblick-practice" --port 0 --workfolder "$work" "$@" > "$said" &
+"$build/practice/zugblick-practice" --port 0 --web-port 0 --workfolder "$work" "$@" > "$said" &
 practice=$!
 trap 'kill "$practice" 2>/dev/null || true' EXIT INT TERM
 tries=0
-until port=$(sed -n 's/^listening on //p' "$said") && [ -n "$port" ]; do
+until port=$(sed -n 's/^listening on //p' "$said") && grep -q '^web on ' "$said"; do
     kill -0 "$practice" 2>/dev/null || { echo "The practice simulator did not start." >&2; exit 1; }
     tries=$((tries + 1))
     [ "$tries" -le 100 ] || { echo "The practice simulator opened no port." >&2; exit 1; }
     sleep 0.1
 done
+
+web=$(sed -n 's/^web on //p' "$said")
+echo "What Zugblick sends to the server shows at http://127.0.0.1:$web/inbox"
 
 cat > "$XDG_DATA_HOME/Zugblick/kabdata.ini" <<INI
 [main]
@@ -54,6 +57,13 @@ level=0
 
 [paths]
 workfolder=$work
+
+[url]
+host=http://127.0.0.1:$web
+
+[user]
+name=practice
+hash=practice
 INI
 
 "$build/src/app/zugblick"

@@ -33,6 +33,12 @@ constexpr OptionText kOptions[] = {
     {"fields", "Fields of a train data reply: 6, 9 or 17.", "COUNT", "9"},
     {"fault", "Fault to play: drop, stall, garbage or split, with :N on every N-th reply.",
      "FAULT"},
+    {"web-port", "Serve the web too, on this TCP port, 0 for any free one.", "PORT"},
+    {"web-fault",
+     "Fault of the web server: slow, stall, cut, 404, 500, 302, garbage or xml, with :N on every "
+     "N-th request.",
+     "FAULT"},
+    {"web-version", "Version that the web server offers.", "TEXT"},
     {"workfolder", "Fill this work folder up with the practice files that it lacks.", "DIR"},
     {"write-workfolder", "Write the practice work folder to this place and end.", "DIR"},
     {"run-for", "End after so many seconds.", "SECONDS", "0"},
@@ -98,6 +104,23 @@ bool ReadNames(const QCommandLineParser &parser, Options &options, QString &text
     return true;
 }
 
+bool ReadWeb(const QCommandLineParser &parser, Options &options, QString &text)
+{
+    options.web = parser.isSet(QStringLiteral("web-port"));
+    double port = 0.0;
+    if (options.web && !Number(parser, "web-port", 0, 65535, port, text))
+        return false;
+    options.webPort = static_cast<quint16>(port);
+    options.webVersion = parser.value(QStringLiteral("web-version")).toUtf8();
+    const QString fault = parser.value(QStringLiteral("web-fault"));
+    if (fault.isEmpty() || ReadWebFault(fault, options.webFault))
+        return true;
+    text = QStringLiteral("--web-fault: \"%1\" is not slow, stall, cut, 404, 500, 302, garbage or "
+                          "xml, with a number above 0 behind a colon or without")
+               .arg(fault);
+    return false;
+}
+
 } // namespace
 
 bool ReadOptions(const QStringList &arguments, Options &options, QString &text, bool &printed)
@@ -131,7 +154,8 @@ bool ReadOptions(const QStringList &arguments, Options &options, QString &text, 
         options.mode = Options::WriteFolder;
         options.workFolder = parser.value(QStringLiteral("write-workfolder"));
     }
-    return ReadNumbers(parser, options, text) && ReadNames(parser, options, text);
+    return ReadNumbers(parser, options, text) && ReadNames(parser, options, text)
+        && ReadWeb(parser, options, text);
 }
 
 } // namespace practice

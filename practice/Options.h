@@ -1,6 +1,7 @@
 #pragma once
 
 #include "PracticeServer.h"
+#include "WebServer.h"
 
 #include <QString>
 #include <QStringList>
@@ -23,6 +24,10 @@ struct Options
     bool exitWithStdin = false;
     int fields = 9;
     Fault fault;
+    bool web = false; ///< serve the web too
+    quint16 webPort = 0;
+    WebFault webFault;
+    QByteArray webVersion; ///< empty for the version of this program
     QString workFolder; ///< to write, or to fill up
 };
 

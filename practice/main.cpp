@@ -2,6 +2,7 @@
 #include "Options.h"
 #include "PracticeServer.h"
 #include "StdinLines.h"
+#include "WebServer.h"
 #include "WorkFolderFiles.h"
 
 #include <QCoreApplication>
@@ -41,6 +42,23 @@ void SetUp(TrainModel &model, const Options &options)
     model.SetHandSeconds(options.handSeconds);
 }
 
+bool StartWeb(WebServer &web, const Options &options)
+{
+    if (!options.web)
+        return true;
+    web.SetFault(options.webFault);
+    if (!options.webVersion.isEmpty())
+        web.SetVersionText(options.webVersion);
+    if (!web.Start(options.webPort, options.everyAddress)) {
+        Print(stderr,
+              QStringLiteral("cannot serve the web on port %1: %2")
+                  .arg(QString::number(options.webPort), web.ErrorText()));
+        return false;
+    }
+    Print(stdout, QStringLiteral("web on %1").arg(web.Port()));
+    return true;
+}
+
 /// Serves until something ends it.
 int Run(QCoreApplication &app, const Options &options)
 {
@@ -58,6 +76,10 @@ int Run(QCoreApplication &app, const Options &options)
         return 1;
     }
     Print(stdout, QStringLiteral("listening on %1").arg(server.Port()));
+
+    WebServer web;
+    if (!StartWeb(web, options))
+        return 1;
 
     QElapsedTimer sinceTick;
     sinceTick.start();

@@ -6,6 +6,7 @@
 #include "KabdataSettings.h"
 #include "Log.h"
 #include "Numbers.h"
+#include "ServerClient.h"
 #include "TSClientThread.h"
 #include "UserDialogs.h"
 #include "WorkFolders.h"
@@ -54,6 +55,9 @@ KabdataMain::KabdataMain(QWidget *parent, InterfaceFactory interfaceFactory)
     settings = std::make_unique<KabdataSettings>();
     settings->SetStartup(false);
     log = std::make_unique<LogWriter>(ui->plainTextEdit_log, settings.get());
+    server = new ServerClient(settings.get(), this);
+    connect(server, &ServerClient::sigDebugString, this,
+            qOverload<QString, int>(&KabdataMain::OnDebugString));
     updateTimer->setInterval(settings->UpdateInterval());
 
     SetUpActions();
@@ -110,9 +114,9 @@ void KabdataMain::SetUpActions()
             &KabdataMain::OnPushButtonClientStartStopClicked);
 
     // Their windows are not built yet.
-    for (QAction *action : {ui->actionSettings, ui->actionLoco_Assign, ui->actionManage_Files,
-                            ui->actionTrain_Configurator, ui->actionCab_Editor,
-                            ui->actionRoadmap_Editor, ui->actionTimetable_Editor})
+    for (QAction *action :
+         {ui->actionSettings, ui->actionLoco_Assign, ui->actionTrain_Configurator,
+          ui->actionCab_Editor, ui->actionRoadmap_Editor, ui->actionTimetable_Editor})
         action->setEnabled(false);
 }
 

@@ -12,6 +12,7 @@
 #include <QDateTime>
 #include <QElapsedTimer>
 #include <QMainWindow>
+#include <QNetworkReply>
 #include <QPointer>
 #include <QTimer>
 
@@ -19,6 +20,7 @@
 
 class KabdataSettings;
 class QLabel;
+class ServerClient;
 class TSClientThread;
 namespace Ui {
 class KabdataMainClass;
@@ -77,6 +79,9 @@ public slots:
     void OnCheckNewVersion();
     void OnCheckUserLogin();
     void OnSendRecordToServer();
+    void OnNetworkError(QNetworkReply::NetworkError error);
+    void OnNetTrainDriverStatusFinished(QNetworkReply *reply);
+    void OnNetTrainDriverStatusError(QNetworkReply::NetworkError error);
 
     void OnWriteControllerValue(int ctrlId, float value);
     void OnWriteTraindataIntern(TrainDataIntern &intern);
@@ -129,6 +134,9 @@ private:
     void TrackEditor(QWidget *window);
     void StopRecording();
     void AppendRecord();
+    void SendToServer(const QString &path, const QByteArray &body);
+    void ShowNetworkError(int code, const QString &text);
+    void ShowVersionReply(const QString &offered, bool withBox);
 
     /// How a screen is opened. Adding a display class is one row.
     struct ScreenRow
@@ -141,6 +149,8 @@ private:
     std::unique_ptr<Ui::KabdataMainClass> ui;
     std::unique_ptr<KabdataSettings> settings;
     std::unique_ptr<LogWriter> log;
+    ServerClient *server = nullptr;
+    bool checkingVersion = false;
     QLabel *statusLabelInterface = nullptr;
     QLabel *statusLabelVersion = nullptr;
     QLabel *statusLabelJobs = nullptr;

@@ -138,7 +138,6 @@ void KabdataMain::OnOpenDlgOverviewControllerlist()
 
 void KabdataMain::OnOpenDlgSettings() { }
 void KabdataMain::OnOpenDlgLocoAssign() { }
-void KabdataMain::OnOpenDlgCheckNewFiles() { }
 void KabdataMain::OnOpenDlgTrainConfigurator() { }
 void KabdataMain::OnOpenCabEditor() { }
 void KabdataMain::OnOpenWindowCreateRoadMap() { }

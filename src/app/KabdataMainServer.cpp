@@ -2,20 +2,79 @@
 
 #include "KabdataMain.h"
 
+#include "DlgCheckNewFiles.h"
+#include "DriverReport.h"
 #include "KabdataSettings.h"
 #include "Log.h"
+#include "LoginCheck.h"
+#include "ServerClient.h"
+#include "ServerUrl.h"
 #include "TripRecord.h"
 #include "UserDialogs.h"
+#include "Version.h"
+#include "VersionCheck.h"
 #include "ui_KabdataMain.h"
+
+#include <QCoreApplication>
 
 void KabdataMain::OnTimeTrainDriverStatus()
 {
     if ((trainData.latitude == 0.0F && trainData.longitude == 0.0F) || !connected)
         return;
-    if (settings->SendData())
-        OnDebugString(QStringLiteral("(Main) - user status is not sent"), LogNotification);
+    if (settings->SendData()) {
+        SendToServer(ServerPaths::kLastPosition,
+                     DriverStatusBody({settings->UserName(), settings->UserHash()}, trainData));
+    }
     if (ui->actionRecord->isChecked())
         AppendRecord();
+}
+
+/// Sends a report of the driver; how it ended reaches the log, and a failure a box.
+void KabdataMain::SendToServer(const QString &path, const QByteArray &body)
+{
+    OnDebugString(QStringLiteral("(Main) - send user status to server"), LogNotification);
+    QNetworkReply *reply = server->Post(path, body, kFormContentType);
+    if (reply == nullptr)
+        return;
+    connect(reply, &QNetworkReply::finished, this,
+            [this, reply] { OnNetTrainDriverStatusFinished(reply); });
+    // Queued, so that no box opens while the reply is still at work.
+    connect(reply, &QNetworkReply::errorOccurred, this, &KabdataMain::OnNetTrainDriverStatusError,
+            Qt::QueuedConnection);
+}
+
+void KabdataMain::OnNetTrainDriverStatusFinished(QNetworkReply *reply)
+{
+    reply->deleteLater();
+    if (reply->error() == QNetworkReply::NoError) {
+        OnDebugString(QStringLiteral("(Main) - UserStatusResult: ")
+                          + QString::fromUtf8(reply->readAll()),
+                      LogDebug);
+        return;
+    }
+    OnDebugString(QStringLiteral("(Main) - UserStatusResultError: request of %1 failed: %2\n")
+                      .arg(reply->url().toString(), reply->errorString()),
+                  LogError);
+}
+
+void KabdataMain::OnNetTrainDriverStatusError(QNetworkReply::NetworkError error)
+{
+    OnNetworkError(error);
+}
+
+void KabdataMain::OnNetworkError(QNetworkReply::NetworkError error)
+{
+    const auto *reply = qobject_cast<QNetworkReply *>(sender());
+    ShowNetworkError(error, reply != nullptr ? reply->errorString() : QString());
+}
+
+/// The window may be gone when it returns.
+void KabdataMain::ShowNetworkError(int code, const QString &text)
+{
+    const QString told = QStringLiteral("%1\n%2").arg(QString::number(code), text);
+    OnDebugString(QStringLiteral("(Main) - Network error : ") + told, LogError);
+    UserDialogs::Instance().WarnUnattended(this, QStringLiteral("Zugblick"),
+                                           QStringLiteral("Network error: ") + told);
 }
 
 void KabdataMain::OnStartStopRecord()
@@ -59,15 +118,81 @@ void KabdataMain::AppendRecord()
 
 void KabdataMain::OnSendRecordToServer()
 {
-    OnDebugString(QStringLiteral("(Main) - the recorded trip is not sent"), LogNotification);
+    const qint64 start = recordStart.toSecsSinceEpoch();
+    const QString path = TripRecordPath(settings->WorkFolder(), settings->UserName(), start);
+    QString lines;
+    const QString error = ReadTripRecord(path, lines);
+    if (!error.isEmpty()) {
+        UserDialogs::Instance().Warn(this, QStringLiteral("Zugblick Error"),
+                                     QStringLiteral("Can not open file: ") + path
+                                         + QLatin1Char('\n') + error);
+        return;
+    }
+    SendToServer(ServerPaths::kTrip,
+                 TripBody({settings->UserName(), settings->UserHash()}, trainData, start, lines));
 }
 
 void KabdataMain::OnCheckNewVersion()
 {
-    OnDebugString(QStringLiteral("(Main) - version check: nothing is requested"), LogNotification);
+    const bool withBox = sender() == ui->actionCheck_Update;
+    if (checkingVersion)
+        return;
+    OnDebugString(QStringLiteral("(Main) - check new version, please wait..."), LogNotification);
+    const QPointer<KabdataMain> guard(this);
+    checkingVersion = true;
+    QCoreApplication::processEvents();
+    if (!guard)
+        return;
+    QNetworkReply *reply = server->Get(ServerPaths::kVersion, true);
+    const bool ended = reply != nullptr && server->Await(reply);
+    if (!guard)
+        return;
+    checkingVersion = false;
+    if (!ended)
+        return;
+    reply->deleteLater();
+    const QString offered = QString::fromUtf8(reply->readAll());
+    if (reply->error() != QNetworkReply::NoError)
+        ShowNetworkError(reply->error(), reply->errorString());
+    if (guard)
+        ShowVersionReply(offered, withBox);
+}
+
+/// A failed request offers nothing, which is not newer.
+void KabdataMain::ShowVersionReply(const QString &offered, bool withBox)
+{
+    if (!IsNewerVersion(QStringLiteral(ZUGBLICK_VERSION), offered)) {
+        OnDebugString(QStringLiteral("(Main) - this version is up to date"), LogError);
+        return;
+    }
+    OnDebugString(QStringLiteral("(Main) - new version available - v") + offered, LogError);
+    if (withBox) {
+        UserDialogs::Instance().Inform(
+            this, QStringLiteral("Zugblick Versionscheck"),
+            QStringLiteral("New version available - v") + offered
+                + QStringLiteral("\nPlease download and install new version"));
+    }
 }
 
 void KabdataMain::OnCheckUserLogin()
 {
-    OnDebugString(QStringLiteral("(Main) - login check: nothing is requested"), LogNotification);
+    const QPointer<KabdataMain> guard(this);
+    const bool allowed = LoginCheck(server).Run(settings->UserName(), settings->UserHash());
+    if (!guard)
+        return;
+    OnDebugString(allowed ? QStringLiteral("(Main) - login check: the server knows the user")
+                          : QStringLiteral("(Main) - login check: not confirmed"),
+                  LogNotification);
+    if (allowed)
+        ShowInterfaceState(connected);
+}
+
+void KabdataMain::OnOpenDlgCheckNewFiles()
+{
+    // Not on the stack, since it would be deleted twice when this window goes while it runs.
+    const QPointer<DlgCheckNewFiles> dialog = new DlgCheckNewFiles(settings.get(), this);
+    connect(dialog, &DlgCheckNewFiles::sigDebugString, this,
+            qOverload<QString, int>(&KabdataMain::OnDebugString));
+    dialog->exec();
+    delete dialog;
 }

@@ -31,3 +31,16 @@ QString AppendTripRecord(const QString &path, const TrainData &train)
         return file.errorString();
     return QString();
 }
+
+QString ReadTripRecord(const QString &path, QString &lines)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+        return file.errorString();
+    QTextStream stream(&file);
+    stream.setCodec("UTF-8");
+    QString line;
+    while (stream.readLineInto(&line))
+        lines += line + QLatin1Char('\n');
+    return QString();
+}

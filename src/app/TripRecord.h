@@ -13,3 +13,6 @@ QString TripRecordPath(const QString &workFolder, const QString &userName, qint6
 
 /// Appends one line "latitude;longitude;speed;loco". Returns an empty text, or the error.
 QString AppendTripRecord(const QString &path, const TrainData &train);
+
+/// The lines of a record, each with a line feed behind it. Returns an empty text, or the error.
+QString ReadTripRecord(const QString &path, QString &lines);

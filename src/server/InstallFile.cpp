@@ -1,0 +1,37 @@
+#include "InstallFile.h"
+
+#include <QRegularExpression>
+#include <QSaveFile>
+#include <QTextCodec>
+#include <QTextStream>
+
+bool LooksLikeWorkFile(const QByteArray &body)
+{
+    static const QRegularExpression keyLine(QStringLiteral("^\\w+="),
+                                            QRegularExpression::MultilineOption);
+    // The heads stand at the top; no need to go through megabytes of something else.
+    constexpr int kFarEnough = 4096;
+    return !body.contains('\0') && !body.trimmed().startsWith('<')
+        && keyLine.match(QString::fromUtf8(body.left(kFarEnough))).hasMatch();
+}
+
+InstallResult InstallTextFile(const QString &path, const QByteArray &body)
+{
+    if (!LooksLikeWorkFile(body))
+        return InstallResult::Failed;
+    QTextCodec *utf8 = QTextCodec::codecForName("UTF-8");
+    QTextCodec::ConverterState state;
+    const QString text = utf8->toUnicode(body.constData(), body.size(), &state);
+    const bool isUtf8 = state.invalidChars == 0 && state.remainingChars == 0;
+
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
+        return InstallResult::Failed;
+    QTextStream stream(&file);
+    stream.setCodec(utf8);
+    stream << text;
+    stream.flush();
+    if (stream.status() != QTextStream::Ok || !file.commit())
+        return InstallResult::Failed;
+    return isUtf8 ? InstallResult::Written : InstallResult::WrittenWithLosses;
+}

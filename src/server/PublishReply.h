@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+
+class QNetworkReply;
+class QWidget;
+
+/// What a window tells its user about a file that went to the reviewers.
+struct PublishTexts
+{
+    const char *function; ///< of the debug output
+    QString success;
+    QString failure; ///< the reply's error follows behind a line feed
+};
+
+/// Shows how publishing ended and releases the reply. What the server wrote is not interpreted:
+/// people decide about the file later. The window may be gone when it returns.
+void ShowPublishReply(QWidget *window, QNetworkReply *reply, const PublishTexts &texts);
