@@ -114,9 +114,8 @@ void KabdataMain::SetUpActions()
             &KabdataMain::OnPushButtonClientStartStopClicked);
 
     // Their windows are not built yet.
-    for (QAction *action :
-         {ui->actionSettings, ui->actionLoco_Assign, ui->actionTrain_Configurator,
-          ui->actionCab_Editor, ui->actionRoadmap_Editor, ui->actionTimetable_Editor})
+    for (QAction *action : {ui->actionSettings, ui->actionLoco_Assign, ui->actionTrain_Configurator,
+                            ui->actionCab_Editor})
         action->setEnabled(false);
 }
 
@@ -236,24 +235,6 @@ void KabdataMain::OnSaveControllerlist()
     else
         OnDebugString(QStringLiteral("(Main) - Controllerliste nicht gespeichert: %1").arg(path),
                       LogWarning);
-}
-
-void KabdataMain::TrackEditor(QWidget *window)
-{
-    editors.append(window);
-}
-
-bool KabdataMain::CloseEditors()
-{
-    const QPointer<KabdataMain> guard(this);
-    const QVector<QPointer<QWidget>> open = editors;
-    for (const QPointer<QWidget> &editor : open) {
-        if (editor && !editor->close())
-            return false;
-        if (!guard)
-            return false;
-    }
-    return true;
 }
 
 void KabdataMain::closeEvent(QCloseEvent *event)

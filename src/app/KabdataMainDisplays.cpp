@@ -140,5 +140,3 @@ void KabdataMain::OnOpenDlgSettings() { }
 void KabdataMain::OnOpenDlgLocoAssign() { }
 void KabdataMain::OnOpenDlgTrainConfigurator() { }
 void KabdataMain::OnOpenCabEditor() { }
-void KabdataMain::OnOpenWindowCreateRoadMap() { }
-void KabdataMain::OnOpenWindowCreateTrainSchedule() { }

@@ -1,0 +1,4 @@
+#include "EditorFixture.h"
+#include "TestMain.h"
+
+ZUGBLICK_TEST_MAIN(QObject)
