@@ -48,7 +48,7 @@ void KabdataMain::OnNetTrainDriverStatusFinished(QNetworkReply *reply)
     reply->deleteLater();
     if (reply->error() == QNetworkReply::NoError) {
         OnDebugString(QStringLiteral("(Main) - UserStatusResult: ")
-                          + QString::fromUtf8(reply->readAll()),
+                          + QString::fromUtf8(ServerClient::Body(*reply)),
                       LogDebug);
         return;
     }
@@ -151,7 +151,7 @@ void KabdataMain::OnCheckNewVersion()
     if (!ended)
         return;
     reply->deleteLater();
-    const QString offered = QString::fromUtf8(reply->readAll());
+    const QString offered = QString::fromUtf8(ServerClient::Body(*reply));
     if (reply->error() != QNetworkReply::NoError)
         ShowNetworkError(reply->error(), reply->errorString());
     if (guard)

@@ -45,6 +45,8 @@ void SetUpColumns(QTableWidget &table, int type)
     table.setHorizontalHeaderLabels(headers);
     table.horizontalHeaderItem(4)->setToolTip(QStringLiteral("Version auf dem Server"));
     table.horizontalHeaderItem(5)->setToolTip(QStringLiteral("Version auf diesem Rechner"));
+    table.horizontalHeader()->setMinimumSectionSize(kVersionWidth);
+    table.horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     table.setColumnWidth(4, kVersionWidth);
     table.setColumnWidth(5, kVersionWidth);
     if (sameKind)
@@ -58,11 +60,11 @@ void SetUpColumns(QTableWidget &table, int type)
     const QFontMetrics metrics(table.font());
     table.setColumnWidth(0, metrics.height() + 16);
     table.setColumnWidth(1, metrics.horizontalAdvance(QStringLiteral("neuer als auf dem Server_")));
-    table.setColumnWidth(3, metrics.horizontalAdvance(QStringLiteral("Zugblickerinnen")));
+    table.setColumnWidth(3, metrics.horizontalAdvance(QStringLiteral("Zugblick 101")));
     if (widest != 2) {
         table.setColumnWidth(2,
                              metrics.horizontalAdvance(QStringLiteral("Köln - Koblenz - Bingen")));
-        table.setColumnWidth(6, metrics.horizontalAdvance(QStringLiteral("Regionalbahn 12345")));
+        table.setColumnWidth(6, metrics.horizontalAdvance(QStringLiteral("Rheintal, Winter")));
     }
 }
 

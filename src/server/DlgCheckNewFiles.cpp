@@ -126,7 +126,7 @@ void DlgCheckNewFiles::RequestCatalogue()
 void DlgCheckNewFiles::OnFileXMLPostReplyFinished(QNetworkReply *reply)
 {
     reply->deleteLater();
-    const QByteArray body = reply->readAll();
+    const QByteArray body = ServerClient::Body(*reply);
     LogReply(Q_FUNC_INFO, *reply, body);
     if (closing || step == Step::Checking || step == Step::Installing)
         return;
@@ -281,7 +281,7 @@ bool DlgCheckNewFiles::Download(const PickedFile &file, int number)
 bool DlgCheckNewFiles::Store(QNetworkReply *reply, const QString &path)
 {
     reply->deleteLater();
-    const QByteArray body = reply->readAll();
+    const QByteArray body = ServerClient::Body(*reply);
     LogReply(Q_FUNC_INFO, *reply, body);
     const bool isWhole = ServerClient::HasSucceeded(*reply);
     if (reply->error() != QNetworkReply::NoError) {

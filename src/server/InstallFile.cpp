@@ -21,7 +21,7 @@ InstallResult InstallTextFile(const QString &path, const QByteArray &body)
         return InstallResult::Failed;
     QTextCodec *utf8 = QTextCodec::codecForName("UTF-8");
     QTextCodec::ConverterState state;
-    const QString text = utf8->toUnicode(body.constData(), body.size(), &state);
+    utf8->toUnicode(body.constData(), body.size(), &state);
     const bool isUtf8 = state.invalidChars == 0 && state.remainingChars == 0;
 
     QSaveFile file(path);
@@ -29,7 +29,7 @@ InstallResult InstallTextFile(const QString &path, const QByteArray &body)
         return InstallResult::Failed;
     QTextStream stream(&file);
     stream.setCodec(utf8);
-    stream << text;
+    stream << QString::fromUtf8(body);
     stream.flush();
     if (stream.status() != QTextStream::Ok || !file.commit())
         return InstallResult::Failed;

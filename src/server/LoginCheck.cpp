@@ -22,5 +22,5 @@ bool LoginCheck::Run(const QString &userName, const QString &userHash)
     if (reply == nullptr || !client->Await(reply))
         return false;
     reply->deleteLater();
-    return ServerClient::HasSucceeded(*reply) && IsLoginAccepted(reply->readAll());
+    return ServerClient::HasSucceeded(*reply) && IsLoginAccepted(ServerClient::Body(*reply));
 }

@@ -10,10 +10,10 @@ QString TypeOf(PublishKind kind)
 }
 
 /// `QUrlQuery` takes "%41" in a value for an encoded "A"; with the sign itself encoded the text
-/// arrives as it stands in the file.
+/// arrives as it stands in the file. And it leaves out the "=" of a text that is null.
 QString Plain(const QString &text)
 {
-    return QString(text).replace(QLatin1Char('%'), QLatin1String("%25"));
+    return QLatin1String("") + QString(text).replace(QLatin1Char('%'), QLatin1String("%25"));
 }
 } // namespace
 
@@ -21,7 +21,7 @@ QByteArray PublishForm(const PublishedFile &file)
 {
     QUrlQuery query;
     query.addQueryItem(QStringLiteral("empty"), QStringLiteral("1"));
-    query.addQueryItem(QStringLiteral("id"), QString());
+    query.addQueryItem(QStringLiteral("id"), Plain(QString()));
     query.addQueryItem(QStringLiteral("type"), TypeOf(file.kind));
     query.addQueryItem(QStringLiteral("filename"), Plain(file.fileName));
     if (file.kind != PublishKind::LocoConfig) {

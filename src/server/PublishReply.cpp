@@ -1,13 +1,14 @@
 #include "PublishReply.h"
 
 #include "Log.h"
+#include "ServerClient.h"
 #include "UserDialogs.h"
 
 #include <QNetworkReply>
 
 void ShowPublishReply(QWidget *window, QNetworkReply *reply, const PublishTexts &texts)
 {
-    const QByteArray body = reply->readAll();
+    const QByteArray body = ServerClient::Body(*reply);
     qCDebug(lcServer) << texts.function << "Error" << reply->error();
     qCDebug(lcServer) << texts.function << "Bytes read" << body.size();
     qCDebug(lcServer) << texts.function << "Bytes " << body;
@@ -17,7 +18,7 @@ void ShowPublishReply(QWidget *window, QNetworkReply *reply, const PublishTexts 
     reply->deleteLater();
     const QString title = QStringLiteral("Zugblick");
     if (failed)
-        UserDialogs::Instance().Warn(window, title, texts.failure + QLatin1Char('\n') + error);
+        UserDialogs::Instance().Warn(window, title, texts.failure + error);
     else
         UserDialogs::Instance().Inform(window, title, texts.success);
 }

@@ -10,7 +10,7 @@ struct PublishTexts
 {
     const char *function; ///< of the debug output
     QString success;
-    QString failure; ///< the reply's error follows behind a line feed
+    QString failure; ///< with its line feed; the reply's error follows
 };
 
 /// Shows how publishing ended and releases the reply. What the server wrote is not interpreted:

@@ -15,9 +15,6 @@
 #include <utility>
 
 namespace {
-/// No file of this server comes near it; a body without an end must not fill the memory.
-constexpr qint64 kMostBytes = 64LL * 1024 * 1024;
-
 int StatusOf(const QNetworkReply &reply)
 {
     return reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
@@ -116,8 +113,8 @@ QNetworkReply *ServerClient::Watch(QNetworkReply *reply, const char *verb)
         running.removeAll(reply);
         LogEnd(*reply, verb, since.elapsed());
     });
-    connect(reply, &QNetworkReply::downloadProgress, this, [reply](qint64 received) {
-        if (received > kMostBytes)
+    connect(reply, &QNetworkReply::readyRead, this, [this, reply] {
+        if (reply->bytesAvailable() > mostBytes)
             reply->abort();
     });
     return reply;
@@ -140,6 +137,11 @@ bool ServerClient::HasSucceeded(const QNetworkReply &reply)
 {
     const int status = StatusOf(reply);
     return reply.error() == QNetworkReply::NoError && status >= 200 && status <= 299;
+}
+
+QByteArray ServerClient::Body(QNetworkReply &reply)
+{
+    return reply.isOpen() ? reply.readAll() : QByteArray();
 }
 
 void ServerClient::Cancel()

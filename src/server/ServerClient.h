@@ -40,10 +40,15 @@ public:
     /// no error, yet what it brings is not what was asked for.
     static bool HasSucceeded(const QNetworkReply &reply);
 
+    /// What the reply has brought; nothing of one that was broken off.
+    static QByteArray Body(QNetworkReply &reply);
+
     /// Ends all running requests without telling the window.
     void Cancel();
 
     void SetTransferTimeout(int ms) { transferTimeout = ms; }
+    /// A body that grows beyond is broken off: without an end it would fill the memory.
+    void SetMostBytes(qint64 bytes) { mostBytes = bytes; }
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -60,6 +65,7 @@ private:
     QNetworkAccessManager *manager = nullptr;
     QVector<QPointer<QNetworkReply>> running;
     int transferTimeout = 15000;
+    qint64 mostBytes = 64LL * 1024 * 1024; ///< no file of this server comes near it
     bool closed = false;
 };
 
