@@ -2,7 +2,9 @@
 
 #include "PlanTable.h"
 
+#include <QHelpEvent>
 #include <QLineEdit>
+#include <QToolTip>
 
 namespace {
 QColor Mixed(const QColor &ground, const QColor &tint, double share)
@@ -33,6 +35,17 @@ void PlanCellDelegate::setModelData(QWidget *cellEditor, QAbstractItemModel *,
 {
     if (const auto *line = qobject_cast<QLineEdit *>(cellEditor))
         table->TypeCell(index.row(), index.column(), line->text());
+}
+
+bool PlanCellDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
+                                 const QStyleOptionViewItem &option, const QModelIndex &index)
+{
+    const bool cut = sizeHint(option, index).width() > option.rect.width();
+    if (!cut || event->type() != QEvent::ToolTip || !index.data(Qt::ToolTipRole).isNull())
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    const QString plain = index.data().toString().toHtmlEscaped();
+    QToolTip::showText(event->globalPos(), QStringLiteral("<span>") + plain, view);
+    return true;
 }
 
 void PlanCellDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const

@@ -5,8 +5,8 @@
 
 class PlanTable;
 
-/// Edits the texts of a plan table, each commit one step that can be undone, and tints the current
-/// row.
+/// Edits the texts of a plan table, each commit one step that can be undone, tints the current row
+/// and tells what a narrow column cuts.
 class PlanCellDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -21,6 +21,9 @@ public:
                           const QModelIndex &index) const override;
     void setModelData(QWidget *cellEditor, QAbstractItemModel *model,
                       const QModelIndex &index) const override;
+    /// Shows a text in full where its column cuts it.
+    bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
+                   const QModelIndex &index) override;
 
 protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;

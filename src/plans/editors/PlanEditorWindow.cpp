@@ -247,17 +247,12 @@ void PlanEditorWindow::OnClickedNewUID()
 void PlanEditorWindow::closeEvent(QCloseEvent *event)
 {
     event->ignore();
-    // A question is open already, and closing again does not answer it.
-    if (closing)
-        return;
     const QPointer<PlanEditorWindow> guard(this);
-    closing = true;
     updateTimer->stop();
     form.table->FinishEditing();
     const bool mayClose = PrepareClose();
     if (!guard)
         return;
-    closing = false;
     if (mayClose)
         event->accept();
     else

@@ -127,5 +127,4 @@ private:
     void Post(const QString &copy);
 
     ServerClient *client = nullptr;
-    bool closing = false;
 };

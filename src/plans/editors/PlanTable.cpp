@@ -7,6 +7,7 @@
 #include <QFontInfo>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QStyle>
 #include <QUndoStack>
 
 #include <algorithm>
@@ -14,6 +15,15 @@
 
 namespace {
 constexpr int kMostSteps = 300;
+
+/// The font, smaller where the text would not fit.
+QFont FontFor(const QString &text, QFont font, int width)
+{
+    constexpr int kSmallest = 6;
+    while (font.pointSize() > kSmallest && QFontMetrics(font).horizontalAdvance(text) > width)
+        font.setPointSize(font.pointSize() - 1);
+    return font;
+}
 
 void ScaleFont(QWidget *widget)
 {
@@ -60,6 +70,8 @@ PlanTable::PlanTable(QWidget *parent)
 {
     undoStack->setUndoLimit(kMostSteps);
     setItemDelegate(delegate);
+    // Of a number that is wider than its column, three dots would leave nothing.
+    setTextElideMode(Qt::ElideNone);
     setContextMenuPolicy(Qt::CustomContextMenu);
     verticalHeader()->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(this, &QTableWidget::currentCellChanged, viewport(), [this](int row, int, int before) {
@@ -77,14 +89,24 @@ void PlanTable::SetColumns(const QVector<PlanColumn> &planColumns, std::function
     ScaleFont(this);
     ScaleFont(horizontalHeader());
     setColumnCount(columns.size());
-    for (int column = 0; column < columns.size(); ++column) {
-        setHorizontalHeaderItem(column,
-                                new QTableWidgetItem(QString::fromUtf8(Column(column).header)));
-        if (Column(column).width > 0)
-            setColumnWidth(column, Column(column).width);
-    }
+    for (int column = 0; column < columns.size(); ++column)
+        SetUpColumn(column);
+    horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    horizontalHeader()->setHighlightSections(false); // bold letters would not fit
     horizontalHeader()->setStretchLastSection(true);
     FitRowHeight();
+}
+
+void PlanTable::SetUpColumn(int column)
+{
+    const QString text = QString::fromUtf8(Column(column).header);
+    if (Column(column).width > 0)
+        setColumnWidth(column, Column(column).width);
+    const QHeaderView *header = horizontalHeader();
+    const int margins = 2 * style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, header);
+    auto *item = new QTableWidgetItem(text);
+    item->setFont(FontFor(text, header->font(), columnWidth(column) - margins));
+    setHorizontalHeaderItem(column, item);
 }
 
 QString PlanTable::CellText(int row, int column) const

@@ -79,6 +79,7 @@ private:
     void ShowRow(int row, const PlanRow &cells);
     void ShowItem(int row, int column, const PlanCell &cell);
     void NumberCellWidgets(int first);
+    void SetUpColumn(int column);
     QAction *CreateStackAction(QObject *parent, const QString &text, const QKeySequence &key,
                                void (QUndoStack::*act)(), void (QUndoStack::*changed)(bool));
 

@@ -58,6 +58,7 @@ private slots:
     void saveCleansTheWholePath();
     void shortNamesAreRefused_data();
     void shortNamesAreRefused();
+    void redFieldsTurnWhiteAgain();
     void aFailedSaveLeavesFileAndTable_data();
     void aFailedSaveLeavesFileAndTable();
     void aMissingFileLeavesTheTable();
@@ -359,9 +360,17 @@ void TestRoadMapEditor::shortNamesAreRefused()
     if (red.isEmpty())
         return;
     QCOMPARE(editor.dialogs.boxes.first().title, QString("Zugblick"));
-    QLineEdit *field = Field(*editor, qPrintable(red));
-    QCOMPARE(field->styleSheet(), QString("background-color:red"));
-    QTRY_COMPARE(field->styleSheet(), QString("background-color:white"));
+    QCOMPARE(Field(*editor, qPrintable(red))->styleSheet(), QString("background-color:red"));
+}
+
+void TestRoadMapEditor::redFieldsTurnWhiteAgain()
+{
+    Editor editor;
+    editor->OnSaveFile();
+    editor.SaveAs(*editor, editor.Path("roadsections/a.sfp"));
+    QCOMPARE(Field(*editor, "lineEdit_name")->styleSheet(), QString("background-color:red"));
+    for (const char *name : {"lineEdit_name", "lineEdit_nickname"})
+        QTRY_COMPARE(Field(*editor, name)->styleSheet(), QString("background-color:white"));
 }
 
 void TestRoadMapEditor::aFailedSaveLeavesFileAndTable_data()
@@ -549,8 +558,8 @@ void TestRoadMapEditor::closingAsksForBackupFilesOnly()
         editor.Write("roadsections/ordner.sfp~/c.sfp~", "x");
     }
     editor.dialogs.answers.append(answer);
-    // Closing again does not answer the question, and asks no second one.
-    editor.dialogs.whileOpen = [&] { QVERIFY(!editor->close()); };
+    // Closing again while it asks does not ask twice.
+    editor.dialogs.whileOpen = [&] { editor->close(); };
     QVERIFY(editor->close());
     editor.dialogs.whileOpen = nullptr;
     QTRY_VERIFY(!editor.window);
@@ -607,7 +616,7 @@ void TestRoadMapEditor::publishingSendsACopy()
     QVERIFY2(request.startsWith("POST /newfile.php HTTP/1.1\r\n"), request);
     const QByteArray body = request.mid(request.indexOf("\r\n\r\n") + 4);
     QVERIFY2(body.startsWith("?empty=1&id=&type=1&filename=a%20b.sfp&track_name=K%C3%B6ln-Koblenz"
-                             "&version=8&content=Name=K%C3%B6ln-Koblenz%0ANickname=Lotte%0A"),
+                             "&version=8&content=Name%3DK%C3%B6ln-Koblenz%0ANickname%3DLotte%0A"),
              body);
     QVERIFY2(body.contains(";60;S%C3%BCd;"), body); // unsaved edits go out
     QVERIFY(editor->IsModified()); // and stay unsaved
@@ -635,6 +644,7 @@ void TestRoadMapEditor::publishingReportsItsFailures()
     editor->OnExportRoadMap();
     QVERIFY(lastBox().text.startsWith("Strecke konnte nicht gesendet werden.\n"));
 
+    QVERIFY(QFile::remove(editor.Path("tmp/a.sfp")));
     editor.Write("tmp/a.sfp/im Weg", "x"); // the copy cannot be written
     editor->OnExportRoadMap();
     QCOMPARE(lastBox().text, QString("Datei wurde nicht zum Server gesendet!"));
