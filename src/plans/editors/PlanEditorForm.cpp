@@ -12,12 +12,18 @@ namespace {
 const QString kDateFormat = QStringLiteral("dd.MM.yyyy");
 }
 
+void ShowText(QLineEdit *field, const QString &text)
+{
+    field->setText(text);
+    field->setCursorPosition(0); // a long text shows how it begins
+}
+
 void ShowPlanHead(const PlanEditorForm &form, const PlanHead &head)
 {
-    form.name->setText(head.name);
-    form.nickname->setText(head.nickname);
-    form.version->setText(head.version);
-    form.uid->setText(head.uid);
+    ShowText(form.name, head.name);
+    ShowText(form.nickname, head.nickname);
+    ShowText(form.version, head.version);
+    ShowText(form.uid, head.uid);
     form.created->setDate(PlanDate(head.createDate));
     form.updated->setDate(PlanDate(head.lastUpdateDate));
     form.expiry->setDate(PlanDate(head.expiryDate));

@@ -109,5 +109,6 @@ QDate PlanDate(const QString &text);
 /// The version of the next save.
 QString NextVersion(const QString &version);
 
+void ShowText(QLineEdit *field, const QString &text);
 /// The text of a field as it may stand in a file.
 QString FieldText(const QLineEdit *field);

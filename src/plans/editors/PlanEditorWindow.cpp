@@ -241,7 +241,7 @@ void PlanEditorWindow::OnClickedNewUID()
                 "aktuallisiert.")))
         return;
     if (guard)
-        form.uid->setText(QUuid::createUuid().toString());
+        ShowText(form.uid, QUuid::createUuid().toString());
 }
 
 void PlanEditorWindow::closeEvent(QCloseEvent *event)

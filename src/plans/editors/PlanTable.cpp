@@ -16,15 +16,6 @@
 namespace {
 constexpr int kMostSteps = 300;
 
-/// The font, smaller where the text would not fit.
-QFont FontFor(const QString &text, QFont font, int width)
-{
-    constexpr int kSmallest = 6;
-    while (font.pointSize() > kSmallest && QFontMetrics(font).horizontalAdvance(text) > width)
-        font.setPointSize(font.pointSize() - 1);
-    return font;
-}
-
 void ScaleFont(QWidget *widget)
 {
     QFont font = widget->font();
@@ -72,6 +63,7 @@ PlanTable::PlanTable(QWidget *parent)
     setItemDelegate(delegate);
     // Of a number that is wider than its column, three dots would leave nothing.
     setTextElideMode(Qt::ElideNone);
+    setWordWrap(false);
     setContextMenuPolicy(Qt::CustomContextMenu);
     verticalHeader()->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(this, &QTableWidget::currentCellChanged, viewport(), [this](int row, int, int before) {
@@ -94,7 +86,7 @@ void PlanTable::SetColumns(const QVector<PlanColumn> &planColumns, std::function
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     horizontalHeader()->setHighlightSections(false); // bold letters would not fit
     horizontalHeader()->setStretchLastSection(true);
-    FitRowHeight();
+    FitCellWidgets();
 }
 
 void PlanTable::SetUpColumn(int column)
@@ -105,7 +97,7 @@ void PlanTable::SetUpColumn(int column)
     const QHeaderView *header = horizontalHeader();
     const int margins = 2 * style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, header);
     auto *item = new QTableWidgetItem(text);
-    item->setFont(FontFor(text, header->font(), columnWidth(column) - margins));
+    item->setFont(FittingFont(text, header->font(), columnWidth(column) - margins));
     setHorizontalHeaderItem(column, item);
 }
 

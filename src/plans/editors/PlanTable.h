@@ -93,7 +93,7 @@ private:
     PlanRow RowBefore(int row) const;
     bool FilterCellWidget(QWidget *widget, QEvent *event);
     void GoTo(const QModelIndex &index);
-    void FitRowHeight();
+    void FitCellWidgets();
 
     // The clipboard, in PlanTableWidgets.cpp.
     void CopyCells() const;
@@ -102,6 +102,10 @@ private:
 
     QVector<PlanColumn> columns;
     std::function<PlanRow()> freshRow;
+    QFont stopTypeFont;
     PlanCellDelegate *const delegate;
     QUndoStack *const undoStack;
 };
+
+/// The font, smaller where the text would be wider than that.
+QFont FittingFont(const QString &text, QFont font, int width);

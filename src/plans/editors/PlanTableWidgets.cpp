@@ -103,6 +103,7 @@ void PlanTable::ShowStopType(int row, int column, int type)
     comboBox = new QComboBox;
     comboBox->addItems(StopTypeLabels());
     comboBox->setCurrentIndex(type);
+    comboBox->setFont(stopTypeFont);
     comboBox->setFocusPolicy(Qt::StrongFocus);
     comboBox->setProperty(kRow, row);
     comboBox->setProperty(kColumn, column);
@@ -134,20 +135,35 @@ void PlanTable::OnTimeEdited()
         Change(row, 1, {Row(row)}, column); // the turns of one wheel are one step
 }
 
-void PlanTable::FitRowHeight()
+QFont FittingFont(const QString &text, QFont font, int width)
 {
-    int height = verticalHeader()->minimumSectionSize();
-    const auto fit = [&height, this](QWidget &&widget) {
-        widget.setFont(font());
-        height = std::max(height, widget.sizeHint().height());
-    };
-    for (const PlanColumn &column : qAsConst(columns)) {
-        if (column.kind == CellKind::Time)
-            fit(QTimeEdit());
-        else if (column.kind == CellKind::StopType)
-            fit(QComboBox());
+    constexpr int kSmallest = 6;
+    while (font.pointSize() > kSmallest && QFontMetrics(font).horizontalAdvance(text) > width)
+        font.setPointSize(font.pointSize() - 1);
+    return font;
+}
+
+/// Makes room for the widgets of the cells, and lets the longest stop type fit into its column.
+void PlanTable::FitCellWidgets()
+{
+    int height = std::max(verticalHeader()->minimumSectionSize(), fontMetrics().height() + 8);
+    for (int i = 0; i < columns.size(); ++i) {
+        if (Column(i).kind == CellKind::Time) {
+            QTimeEdit sample;
+            sample.setFont(font());
+            height = std::max(height, sample.sizeHint().height());
+        } else if (Column(i).kind == CellKind::StopType) {
+            QComboBox sample;
+            sample.setFont(font());
+            height = std::max(height, sample.sizeHint().height());
+            const int frame = sample.minimumSizeHint().width();
+            const QString longest = *std::max_element(
+                StopTypeLabels().begin(), StopTypeLabels().end(),
+                [](const QString &a, const QString &b) { return a.size() < b.size(); });
+            stopTypeFont = FittingFont(longest, font(), columnWidth(i) - frame);
+        }
     }
-    verticalHeader()->setDefaultSectionSize(std::max(height, fontMetrics().height() + 8));
+    verticalHeader()->setDefaultSectionSize(height);
 }
 
 bool PlanTable::eventFilter(QObject *object, QEvent *event)

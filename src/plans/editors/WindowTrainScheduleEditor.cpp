@@ -174,7 +174,7 @@ void WindowTrainScheduleEditor::OnOpenRoadmap()
         return;
     }
     form.table->FinishEditing();
-    form.name->setText(plan.Name);
+    ShowText(form.name, plan.Name);
     ShowToday();
     form.expiry->setDate(PlanDate(plan.ExpiryDate));
     form.table->ReplaceRows(RowsOf(ToTimeTable(plan).entries));
@@ -194,13 +194,13 @@ bool WindowTrainScheduleEditor::ReadPlan(const QString &path)
 
 void WindowTrainScheduleEditor::ShowTrain()
 {
-    ui->lineEdit_scheduleId->setText(timeTable.ScheduleID);
-    ui->lineEdit_trainNumber->setText(timeTable.TrainNumber);
-    ui->lineEdit_trainWeight->setText(QString::number(timeTable.TrainWeight));
-    ui->lineEdit_trainLength->setText(QString::number(timeTable.TrainLength));
+    ShowText(ui->lineEdit_scheduleId, timeTable.ScheduleID);
+    ShowText(ui->lineEdit_trainNumber, timeTable.TrainNumber);
+    ShowText(ui->lineEdit_trainWeight, QString::number(timeTable.TrainWeight));
+    ShowText(ui->lineEdit_trainLength, QString::number(timeTable.TrainLength));
     ui->plainTextEdit_description->setPlainText(timeTable.Description);
-    ui->lineEdit_scenario->setText(timeTable.Scenario);
-    ui->lineEdit_vmax->setText(QString::number(timeTable.Vmax));
+    ShowText(ui->lineEdit_scenario, timeTable.Scenario);
+    ShowText(ui->lineEdit_vmax, QString::number(timeTable.Vmax));
 }
 
 void WindowTrainScheduleEditor::TakeTrain()
