@@ -118,10 +118,6 @@ void KabdataMain::SetUpActions()
     connect(ui->actionExit, &QAction::triggered, this, &QWidget::close);
     connect(ui->pushButton_clientStartStop, &QPushButton::clicked, this,
             &KabdataMain::OnPushButtonClientStartStopClicked);
-
-    // Their windows are not built yet.
-    for (QAction *action : {ui->actionRoadmap_Editor, ui->actionTimetable_Editor})
-        action->setEnabled(false);
 }
 
 void KabdataMain::SetUpStatusBar()
@@ -243,24 +239,6 @@ void KabdataMain::OnSaveControllerlist()
     else
         OnDebugString(QStringLiteral("(Main) - Controllerliste nicht gespeichert: %1").arg(path),
                       LogWarning);
-}
-
-void KabdataMain::TrackEditor(QWidget *window)
-{
-    editors.append(window);
-}
-
-bool KabdataMain::CloseEditors()
-{
-    const QPointer<KabdataMain> guard(this);
-    const QVector<QPointer<QWidget>> open = editors;
-    for (const QPointer<QWidget> &editor : open) {
-        if (editor && !editor->close())
-            return false;
-        if (!guard)
-            return false;
-    }
-    return true;
 }
 
 void KabdataMain::closeEvent(QCloseEvent *event)

@@ -163,6 +163,3 @@ void KabdataMain::OnCloseMTD()
     mtdCount = qMax(0, mtdCount - 1);
     mtdOpen = mtdCount > 0;
 }
-
-void KabdataMain::OnOpenWindowCreateRoadMap() { }
-void KabdataMain::OnOpenWindowCreateTrainSchedule() { }
