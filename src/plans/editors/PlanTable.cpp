@@ -299,9 +299,8 @@ QAction *PlanTable::CreateStackAction(QObject *parent, const QString &text, cons
     action->setShortcut(key);
     action->setEnabled(false);
     connect(undoStack, changed, action, &QAction::setEnabled);
-    connect(action, &QAction::triggered, this, [this, act] {
-        FinishEditing();
-        (undoStack->*act)();
-    });
+    // In this order: what is still being typed is the step that is undone first.
+    connect(action, &QAction::triggered, this, &PlanTable::FinishEditing);
+    connect(action, &QAction::triggered, undoStack, act);
     return action;
 }
