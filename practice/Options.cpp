@@ -158,4 +158,12 @@ bool ReadOptions(const QStringList &arguments, Options &options, QString &text, 
         && ReadWeb(parser, options, text);
 }
 
+void SetUp(TrainModel &model, const Options &options)
+{
+    if (!options.loco.isEmpty())
+        model.SetLoco(options.loco);
+    model.SetSchedule(options.timetable, options.late);
+    model.SetHandSeconds(options.handSeconds);
+}
+
 } // namespace practice

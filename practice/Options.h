@@ -35,4 +35,7 @@ struct Options
 /// what is wrong. For help and version `text` is what to print, and `printed` is set.
 bool ReadOptions(const QStringList &arguments, Options &options, QString &text, bool &printed);
 
+/// Puts the train on the line as the options say.
+void SetUp(TrainModel &model, const Options &options);
+
 } // namespace practice

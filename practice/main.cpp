@@ -34,14 +34,6 @@ int FillFolder(const Options &options)
     return 1;
 }
 
-void SetUp(TrainModel &model, const Options &options)
-{
-    if (!options.loco.isEmpty())
-        model.SetLoco(options.loco);
-    model.SetSchedule(options.timetable, options.late);
-    model.SetHandSeconds(options.handSeconds);
-}
-
 bool StartWeb(WebServer &web, const Options &options)
 {
     if (!options.web)

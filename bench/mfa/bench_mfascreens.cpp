@@ -2,6 +2,8 @@
 #include "LocoData.h"
 #include "Resources.h"
 #include "TrainData.h"
+#include "WidgetMFA_BR101.h"
+#include "WidgetMFA_BR145.h"
 #include "WidgetMFA_OEBB8090.h"
 #include "WidgetMFA_Railjet.h"
 
@@ -43,10 +45,10 @@ std::vector<std::unique_ptr<WidgetMFA>> MakeScreens(KabdataSettings &settings, T
                                                     LocoData &loco)
 {
     std::vector<std::unique_ptr<WidgetMFA>> screens;
-    for (int pair = 0; pair < 2; ++pair) {
-        screens.push_back(std::make_unique<WidgetMFA_Railjet>(&settings, &train));
-        screens.push_back(std::make_unique<WidgetMFA_OEBB8090>(&settings, &train));
-    }
+    screens.push_back(std::make_unique<WidgetMFA_Railjet>(&settings, &train));
+    screens.push_back(std::make_unique<WidgetMFA_OEBB8090>(&settings, &train));
+    screens.push_back(std::make_unique<WidgetMFA_BR101>(&settings, &train));
+    screens.push_back(std::make_unique<WidgetMFA_BR145>(&settings, &train));
     for (const auto &screen : screens) {
         screen->show();
         screen->SetLocoData(&loco);

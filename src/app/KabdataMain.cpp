@@ -6,6 +6,7 @@
 #include "KabdataSettings.h"
 #include "Log.h"
 #include "Numbers.h"
+#include "SafePath.h"
 #include "ServerClient.h"
 #include "TSClientThread.h"
 #include "UserDialogs.h"
@@ -28,13 +29,18 @@ const QString kTitle = QStringLiteral("Zugblick");
 constexpr int kStatusInterval = 30000;
 constexpr int kStartDelay = 1000;
 
-QString InterfaceName(int type)
+QString NameOfInterface(int type)
 {
     static const QStringList names{QStringLiteral("Raildriver"), QStringLiteral("Kablink"),
                                    QStringLiteral("Zusi-Server")};
     return names.value(type, QStringLiteral("unknown"));
 }
 } // namespace
+
+QString KabdataMain::InterfaceName() const
+{
+    return NameOfInterface(settings->InterfaceType());
+}
 
 KabdataMain::KabdataMain(QWidget *parent, InterfaceFactory interfaceFactory)
     : QMainWindow(parent), ui(std::make_unique<Ui::KabdataMainClass>()),
@@ -112,17 +118,11 @@ void KabdataMain::SetUpActions()
     connect(ui->actionExit, &QAction::triggered, this, &QWidget::close);
     connect(ui->pushButton_clientStartStop, &QPushButton::clicked, this,
             &KabdataMain::OnPushButtonClientStartStopClicked);
-
-    // Their windows are not built yet.
-    for (QAction *action :
-         {ui->actionSettings, ui->actionLoco_Assign, ui->actionTrain_Configurator,
-          ui->actionCab_Editor, ui->actionRoadmap_Editor, ui->actionTimetable_Editor})
-        action->setEnabled(false);
 }
 
 void KabdataMain::SetUpStatusBar()
 {
-    const int size = qMax(16, TruncToInt(ui->mainToolBar->iconSize().width() * DpiRatio()));
+    const int size = qMax(1, TruncToInt(ui->mainToolBar->iconSize().width() * DpiRatio()));
     ui->mainToolBar->setIconSize(QSize(size, size));
     qCDebug(lcMain) << "Desktop ScreenDPI: " << ScreenDpi();
     qCDebug(lcMain) << "Desktop RenderDPI: " << RenderDpi();
@@ -143,7 +143,7 @@ void KabdataMain::ShowInterfaceState(bool isConnected)
 {
     const QString text =
         isConnected ? QStringLiteral("%1 connected") : QStringLiteral("%1 not connected");
-    statusLabelInterface->setText(text.arg(InterfaceName(settings->InterfaceType())));
+    statusLabelInterface->setText(text.arg(InterfaceName()));
 }
 
 void KabdataMain::RestoreWindow()
@@ -178,7 +178,10 @@ void KabdataMain::SetAddressReadOnly(bool readOnly)
 
 LogFunction KabdataMain::Logger()
 {
-    return [this](const QString &text, int level) { OnDebugString(text, level); };
+    return [guard = QPointer<KabdataMain>(this)](const QString &text, int level) {
+        if (guard)
+            guard->OnDebugString(text, level);
+    };
 }
 
 void KabdataMain::OnDebugString(QString text, int level)
@@ -230,30 +233,12 @@ void KabdataMain::OnSaveControllerlist()
     QString name = currentLoco;
     name.replace(QLatin1Char(':'), QLatin1Char('_'));
     const QString path = settings->WorkFolder() + QLatin1Char('/') + name + QStringLiteral(".txt");
-    if (controllers.SaveToFile(path))
+    if (IsSafeFileName(name + QStringLiteral(".txt")) && controllers.SaveToFile(path))
         OnDebugString(QStringLiteral("(Main) - Controllerliste gespeichert: %1").arg(path),
                       LogNotification);
     else
         OnDebugString(QStringLiteral("(Main) - Controllerliste nicht gespeichert: %1").arg(path),
                       LogWarning);
-}
-
-void KabdataMain::TrackEditor(QWidget *window)
-{
-    editors.append(window);
-}
-
-bool KabdataMain::CloseEditors()
-{
-    const QPointer<KabdataMain> guard(this);
-    const QVector<QPointer<QWidget>> open = editors;
-    for (const QPointer<QWidget> &editor : open) {
-        if (editor && !editor->close())
-            return false;
-        if (!guard)
-            return false;
-    }
-    return true;
 }
 
 void KabdataMain::closeEvent(QCloseEvent *event)

@@ -18,6 +18,8 @@
 
 #include <memory>
 
+class DlgOverviewControllerlist;
+class DlgTrainConfigurator;
 class KabdataSettings;
 class QLabel;
 class ServerClient;
@@ -45,6 +47,8 @@ public:
 signals:
     /// The controller list with fresh values, for the overview.
     void sigControllers(QVector<VControllerBase> controllers);
+    /// The text of the loco's label changed.
+    void sigLocoLabelChanged(const QString &text);
 
 public slots:
     void OnPushButtonClientStartStopClicked();
@@ -101,6 +105,9 @@ private:
     void SaveAddressFields();
     void SetAddressReadOnly(bool readOnly);
     void ShowInterfaceState(bool isConnected);
+    void ShowLoco(const QString &text);
+    bool CheckLogin(const QString &userName, const QString &userHash);
+    QString InterfaceName() const;
     LogFunction Logger();
 
     void Connect();
@@ -110,6 +117,7 @@ private:
     void AddJob(int type, const QString &text);
     void StartThread();
     void ShowConnectionLost();
+    void ShowQueue();
     bool HandleReply(const Job &job, bool notConnected);
     void HandleConnect(const Job &job);
     void HandleDisconnect();
@@ -129,6 +137,11 @@ private:
     bool OpenScreen(Screen screen);
     template <typename Display>
     void OpenMfa();
+    template <typename Display>
+    Display *CreateTouchDisplay();
+    template <typename Display>
+    void OpenMtd();
+    void OpenMfaBr442();
     void OpenMainUs();
     bool CloseEditors();
     void TrackEditor(QWidget *window);
@@ -158,9 +171,14 @@ private:
     bool mtdOpen = false;
     bool mfaOpen = false;
     bool pressureOpen = false;
-    int pressureCount = 0; ///< `pressureOpen` says that it is above 0
+    // Each flag says that its count is above 0. A reconnect enables MFA and MTD again while a
+    // window is open, so that there may be two of them.
+    int mfaCount = 0;
+    int mtdCount = 0;
+    int pressureCount = 0;
     QDateTime recordStart;
-    QPointer<QWidget> overviewDialog;
+    QPointer<DlgOverviewControllerlist> overviewDialog;
+    QPointer<DlgTrainConfigurator> configurator;
     QVector<QPointer<QWidget>> editors; ///< must be closed before the settings go
     bool connected = false;
     bool connecting = false; ///< the start button was pressed and its reply is outstanding

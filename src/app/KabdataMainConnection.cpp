@@ -2,6 +2,7 @@
 
 #include "KabdataMain.h"
 
+#include "DlgOverviewControllerlist.h"
 #include "KabdataSettings.h"
 #include "Log.h"
 #include "Numbers.h"
@@ -18,11 +19,6 @@ namespace {
 const QString kNotConnected = QStringLiteral("NOT CONNECTED");
 constexpr int kFewestControllers = 5;
 constexpr qint64 kLocoNameInterval = 5000;
-
-QString InterfaceName(const QString &statusText)
-{
-    return statusText.section(QLatin1Char(' '), 0, 0);
-}
 } // namespace
 
 void KabdataMain::OnPushButtonClientStartStopClicked()
@@ -44,6 +40,7 @@ void KabdataMain::Connect()
                                        QString::number(settings->EthernetPort())));
     StartThread();
     ui->actionSave_Controllerlist->setEnabled(true);
+    ui->actionOverview_Controllerlist->setEnabled(true);
 }
 
 void KabdataMain::Disconnect()
@@ -84,8 +81,11 @@ void KabdataMain::RetireClientThread()
     // Its run may still be draining; the GUI does not wait for it, the destructor does.
     retiredThreads.append(thread);
     connect(thread, &QThread::finished, this, [this, thread] {
-        if (thread->isFinished() && retiredThreads.removeOne(thread))
+        // The list first: a thread that has left it may be gone.
+        if (retiredThreads.contains(thread) && thread->isFinished()) {
+            retiredThreads.removeOne(thread);
             thread->deleteLater();
+        }
     });
     if (!thread->isRunning() && retiredThreads.removeOne(thread))
         thread->deleteLater();
@@ -106,7 +106,7 @@ void KabdataMain::StartThread()
 void KabdataMain::OnTimeOnSeconds()
 {
     if (!connected || clientThread == nullptr) {
-        statusLabelJobs->setText(QStringLiteral("Thread not started:"));
+        ShowQueue();
         return;
     }
     AddJob(JobTrainData, QStringLiteral("Get TrainData"));
@@ -119,7 +119,15 @@ void KabdataMain::OnTimeOnSeconds()
         locoNameTimer.restart();
     }
     StartThread();
-    statusLabelJobs->setText(QStringLiteral("Job-Warteschleife:%1").arg(clientThread->JobCount()));
+    ShowQueue();
+}
+
+void KabdataMain::ShowQueue()
+{
+    statusLabelJobs->setText(
+        connected && clientThread != nullptr
+            ? QStringLiteral("Job-Warteschleife:%1").arg(clientThread->JobCount())
+            : QStringLiteral("Thread not started:"));
 }
 
 void KabdataMain::OnTSClientJobFinsished(Job job)
@@ -135,14 +143,13 @@ void KabdataMain::OnTSClientJobFinsished(Job job)
 void KabdataMain::ShowConnectionLost()
 {
     SetAddressReadOnly(false);
-    ui->label_loco->setText(QStringLiteral("no loco"));
+    ShowLoco(QStringLiteral("no loco"));
     ShowInterfaceState(false);
     ui->pushButton_clientStartStop->setText(QStringLiteral("Start"));
-    OnDebugString(QStringLiteral("(Client) - %1 not connected")
-                      .arg(InterfaceName(statusLabelInterface->text())),
-                  LogWarning);
+    OnDebugString(QStringLiteral("(Client) - %1 not connected").arg(InterfaceName()), LogWarning);
     updateTimer->stop();
     connected = false;
+    ShowQueue();
 }
 
 /// False when the interval rules must be left out for this job: its handling ended in a retry,
@@ -200,17 +207,13 @@ void KabdataMain::HandleConnect(const Job &job)
         connected = true;
         ui->pushButton_clientStartStop->setText(QStringLiteral("Stop"));
         ShowInterfaceState(true);
-        OnDebugString(QStringLiteral("(Client) %1 - connected")
-                          .arg(InterfaceName(statusLabelInterface->text())),
-                      LogDebug);
+        OnDebugString(QStringLiteral("(Client) %1 - connected").arg(InterfaceName()), LogDebug);
         AddJob(JobControllerList, QStringLiteral("Controller List"));
         StartThread();
         return;
     }
     ShowInterfaceState(false);
-    OnDebugString(QStringLiteral("(Client) - %1 not connected")
-                      .arg(InterfaceName(statusLabelInterface->text())),
-                  LogDebug);
+    OnDebugString(QStringLiteral("(Client) - %1 not connected").arg(InterfaceName()), LogDebug);
     // A wrong host must be mendable where it was typed.
     SetAddressReadOnly(false);
 }
@@ -218,6 +221,7 @@ void KabdataMain::HandleConnect(const Job &job)
 void KabdataMain::HandleDisconnect()
 {
     connected = false;
+    ShowQueue();
     ui->pushButton_clientStartStop->setText(QStringLiteral("Start"));
     RetireClientThread();
     controllers = ControllerList();
@@ -293,7 +297,7 @@ void KabdataMain::HandleLocoName(const Job &job)
     trainData.locoName = job.text;
     OnLoadLocoConfig();
     OnDebugString(QStringLiteral("Loco Name changed: ") + job.text, LogNotification);
-    ui->label_loco->setText(currentLoco);
+    ShowLoco(currentLoco);
 }
 
 bool KabdataMain::OnLoadLocoConfig()

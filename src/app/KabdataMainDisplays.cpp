@@ -2,15 +2,18 @@
 
 #include "KabdataMain.h"
 
-#include "EbulaGraphicsScene.h"
+#include "EbulaWindow.h"
 #include "KabdataSettings.h"
 #include "WidgetDisplayIndicator.h"
 #include "WidgetMFA_BR101.h"
 #include "WidgetMFA_BR145.h"
 #include "WidgetMFA_BR155.h"
+#include "WidgetMFA_BR442.h"
 #include "WidgetMFA_OEBB8090.h"
 #include "WidgetMFA_Railjet.h"
 #include "WidgetMFD.h"
+#include "WidgetMTD_BR145.h"
+#include "WidgetMTD_Railjet.h"
 #include "WidgetMainUsDisplay.h"
 #include "ui_KabdataMain.h"
 
@@ -23,7 +26,10 @@ const KabdataMain::ScreenRow KabdataMain::kScreens[] = {
     {Screen::MfaBr155, &KabdataMain::OpenMfa<WidgetMFA_BR155>},
     {Screen::MfaRailjet, &KabdataMain::OpenMfa<WidgetMFA_Railjet>},
     {Screen::MfaOebb8090, &KabdataMain::OpenMfa<WidgetMFA_OEBB8090>},
+    {Screen::MfaBr442, &KabdataMain::OpenMfaBr442},
     {Screen::MainUs, &KabdataMain::OpenMainUs},
+    {Screen::MtdRailjet, &KabdataMain::OpenMtd<WidgetMTD_Railjet>},
+    {Screen::MtdBr145, &KabdataMain::OpenMtd<WidgetMTD_BR145>},
 };
 
 Qt::WindowFlags KabdataMain::DisplayFlags() const
@@ -57,6 +63,38 @@ void KabdataMain::OpenMfa()
     display->SetLocoData(&locoData);
 }
 
+/// A display in the touch frame, before it is shown.
+template <typename Display>
+Display *KabdataMain::CreateTouchDisplay()
+{
+    auto *display = new Display(settings.get(), WidgetMFD::FrameSiemens, nullptr, DisplayFlags());
+    display->setMinimumSize(800, 500);
+    display->SetTrainData(&trainData);
+    connect(display, &Display::sigWriteControllerValue, this, &KabdataMain::OnWriteControllerValue);
+    return display;
+}
+
+template <typename Display>
+void KabdataMain::OpenMtd()
+{
+    auto *display = CreateTouchDisplay<Display>();
+    display->setWindowIcon(QIcon(QStringLiteral(":/icons/icon_mtd")));
+    connect(display, &QObject::destroyed, this, &KabdataMain::OnCloseMTD);
+    display->show();
+    display->SetLocoData(&locoData);
+}
+
+/// The one MFA that stands in the touch frame.
+void KabdataMain::OpenMfaBr442()
+{
+    auto *display = CreateTouchDisplay<WidgetMFA_BR442>();
+    connect(display, &WidgetMFA_BR442::sigWriteTrainDataIntern, this,
+            &KabdataMain::OnWriteTraindataIntern);
+    connect(display, &QObject::destroyed, this, &KabdataMain::OnCloseMFA);
+    display->show();
+    display->SetLocoData(&locoData);
+}
+
 void KabdataMain::OpenMainUs()
 {
     auto *display = new WidgetMainUsDisplay(settings.get(), &trainData, nullptr, false, nullptr,
@@ -73,6 +111,7 @@ void KabdataMain::OnOpenMFA()
     if (!OpenScreen(MfaScreen(locoData.display, currentLoco)))
         return;
     ui->actionMFA->setEnabled(false);
+    ++mfaCount;
     mfaOpen = true;
 }
 
@@ -81,21 +120,13 @@ void KabdataMain::OnOpenMTD()
     if (!OpenScreen(MtdScreen(locoData.display)))
         return;
     ui->actionMTD->setEnabled(false);
+    ++mtdCount;
     mtdOpen = true;
 }
 
 void KabdataMain::OnOpenEbuLa()
 {
-    auto *frame = new WidgetMFD(settings.get(), WidgetMFD::FrameMfd, nullptr, DisplayFlags());
-    frame->setMinimumSize(400, 300);
-    frame->setWindowIcon(QIcon(QStringLiteral(":/icons/icon_ebula")));
-    frame->SetPage(WidgetMFD::PageGraphicsView);
-    // The scene takes its size from the view, which has its own only once it is shown.
-    frame->show();
-    auto *scene = new EbulaGraphicsScene(settings.get(), frame, &trainData);
-    frame->SetScene(scene);
-    connect(frame, &WidgetMFD::sigButtonMenuClicked, scene,
-            &EbulaGraphicsScene::OnButtonMenuClicked);
+    WidgetMFD *frame = OpenEbulaWindow(settings.get(), &trainData, DisplayFlags());
     connect(frame, &QObject::destroyed, this, &KabdataMain::OnCloseEbula);
     ui->actionEbuLa->setEnabled(false);
     ebulaOpen = true;
@@ -122,23 +153,13 @@ void KabdataMain::OnCloseEbula()
 void KabdataMain::OnCloseMFA()
 {
     ui->actionMFA->setEnabled(true);
-    mfaOpen = false;
+    mfaCount = qMax(0, mfaCount - 1);
+    mfaOpen = mfaCount > 0;
 }
 
 void KabdataMain::OnCloseMTD()
 {
     ui->actionMTD->setEnabled(true);
-    mtdOpen = false;
+    mtdCount = qMax(0, mtdCount - 1);
+    mtdOpen = mtdCount > 0;
 }
-
-void KabdataMain::OnOpenDlgOverviewControllerlist()
-{
-    AddJob(JobControllerListValues, QStringLiteral("Get ControllerlistValue"));
-}
-
-void KabdataMain::OnOpenDlgSettings() { }
-void KabdataMain::OnOpenDlgLocoAssign() { }
-void KabdataMain::OnOpenDlgTrainConfigurator() { }
-void KabdataMain::OnOpenCabEditor() { }
-void KabdataMain::OnOpenWindowCreateRoadMap() { }
-void KabdataMain::OnOpenWindowCreateTrainSchedule() { }

@@ -2,6 +2,7 @@
 
 #include "Log.h"
 #include "Numbers.h"
+#include "SafePath.h"
 #include "WorkFolders.h"
 
 #include <QFile>
@@ -21,6 +22,10 @@ QString RunningDistancePath(const QString &workFolder, const QString &loco)
 {
     QString name = loco;
     name.replace(QLatin1Char(':'), QLatin1Char('_'));
+    if (!IsSafeFileName(name)) {
+        ReportFailure(name, QStringLiteral("no file name"));
+        return QString();
+    }
     return WorkFolders::RunningDistances(workFolder) + name + QStringLiteral(".dist");
 }
 

@@ -4,7 +4,8 @@
 
 #include <optional>
 
-/// The `.dist` file of a loco below the work folder; ":" in the loco's name becomes "_".
+/// The `.dist` file of a loco below the work folder; ":" in the loco's name becomes "_". Empty for
+/// a name that would lead out of the folder.
 QString RunningDistancePath(const QString &workFolder, const QString &loco);
 
 /// Reads the whole kilometres of a `.dist` file. Nothing when it cannot be opened.

@@ -1,5 +1,6 @@
 #include "TripRecord.h"
 
+#include "SafePath.h"
 #include "TrainData.h"
 #include "WorkFolders.h"
 
@@ -13,8 +14,8 @@ double RecordedSpeed(const TrainData &train)
 
 QString TripRecordPath(const QString &workFolder, const QString &userName, qint64 startSeconds)
 {
-    return WorkFolders::Records(workFolder)
-        + QStringLiteral("%1_%2.rec").arg(userName, QString::number(startSeconds));
+    const QString name = QStringLiteral("%1_%2.rec").arg(userName, QString::number(startSeconds));
+    return IsSafeFileName(name) ? WorkFolders::Records(workFolder) + name : QString();
 }
 
 QString AppendTripRecord(const QString &path, const TrainData &train)

@@ -8,7 +8,8 @@ struct TrainData;
 /// driver status and the trip records use. The cab displays use another one.
 double RecordedSpeed(const TrainData &train);
 
-/// The `.rec` file of a user's trip that began at the given second since 1970.
+/// The `.rec` file of a user's trip that began at the given second since 1970. Empty for a user
+/// name that would lead out of the folder.
 QString TripRecordPath(const QString &workFolder, const QString &userName, qint64 startSeconds);
 
 /// Appends one line "latitude;longitude;speed;loco". Returns an empty text, or the error.

@@ -16,7 +16,6 @@ namespace {
 constexpr int kSmallPointSize = 11;
 constexpr int kBigPointSize = 13;
 constexpr int kThinWeight = 3;
-constexpr int kTickMs = 1000;
 constexpr int kPagingMs = 10000;
 } // namespace
 

@@ -101,6 +101,7 @@ protected:
     int statusAge = 0; ///< seconds a status text has shown, 0 for none
 
 private:
+    static constexpr int kTickMs = 1000;
     struct RowStyle;
     struct KeyRule;
 
@@ -168,6 +169,7 @@ private:
 
     const EbulaLayout layout;
     QGraphicsItem *menuBand = nullptr;
+    QStringList drawnMenu; ///< the labels that stand in the band
     QList<QGraphicsItem *> fixedItems; ///< all of the frame but the rows, the menu and the pages
     bool rowsDrawn = false; ///< the rows on the screen are those of `drawnStart`
     int drawnStart = 0;

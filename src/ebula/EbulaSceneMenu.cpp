@@ -15,7 +15,6 @@
 #include <algorithm>
 
 namespace {
-constexpr int kTickMs = 1000;
 constexpr int kSoftKeys = 10;
 constexpr double kPageLayer = 1.0; ///< above rows that a tick draws later
 constexpr double kMenuLayer = 2.0; ///< its labels show over a page that fills the scene
@@ -197,10 +196,12 @@ void EbulaGraphicsScene::LoadPlan()
     const bool loaded = loadView->GetTimtTable(plan);
     delete loadView;
     SetMenu(TableMenu());
-    if (!loaded)
-        qCDebug(lcEbula).noquote() << Q_FUNC_INFO << "Plan not loaded: ";
-    if (!loaded || TakePlan(plan))
-        tickTimer.start(kTickMs);
+    if (loaded) {
+        TakePlan(plan);
+        return;
+    }
+    qCDebug(lcEbula).noquote() << Q_FUNC_INFO << "Plan not loaded: ";
+    tickTimer.start(kTickMs);
 }
 
 void EbulaGraphicsScene::LoadSelected()
@@ -253,8 +254,10 @@ void EbulaGraphicsScene::SetMenu(const QStringList &texts)
 
 void EbulaGraphicsScene::DrawMenu()
 {
-    if (layout.width < 1.0)
+    // Labels look the same by day and by night.
+    if (layout.width < 1.0 || (menuBand != nullptr && drawnMenu == menuTexts))
         return;
+    drawnMenu = menuTexts;
     qDeleteAll(menuButtons);
     menuButtons.clear();
     delete menuBand;
@@ -271,6 +274,8 @@ void EbulaGraphicsScene::DrawMenu()
         label->setProperty("id", i);
         label->setText(menuTexts.at(i));
         label->setEnabled(false);
+        // A raised one would leave a picture in the pixmap cache at every repaint.
+        label->setAutoRaise(true);
         label->setStyleSheet(QStringLiteral("background-color:grey; color:black"));
         label->setFixedSize(static_cast<int>(layout.menuPitch - layout.width / 50.0),
                             layout.menuHeight);

@@ -9,8 +9,10 @@
 #include <QDate>
 #include <QFontMetricsF>
 #include <QGraphicsTextItem>
+#include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QTextLayout>
 
 #include <algorithm>
 #include <cmath>
@@ -29,13 +31,17 @@ bool IsNamedStop(int type)
     return type == StopStart || type == StopEnd || type == StopStation;
 }
 
-/// Symbols come from a fallback face whose taller line would push them below the row's middle.
-void CentreIn(QGraphicsTextItem *item, int height, double margin)
+/// Symbols come from a fallback face with a line of another height, so the sign itself is put on
+/// the row's middle.
+void CentreSign(QGraphicsTextItem *item, int height, double margin)
 {
     const double content = item->boundingRect().height() - 2.0 * margin;
-    const double centred = std::max(0.0, (height - content) / 2.0);
-    if (std::abs(centred - margin) > 0.5)
-        item->document()->setDocumentMargin(centred);
+    if (std::abs((height - content) / 2.0 - margin) <= 0.5)
+        return;
+    const QTextLine line = item->document()->firstBlock().layout()->lineAt(0);
+    const QRectF sign = QFontMetricsF(item->font()).tightBoundingRect(item->toPlainText());
+    const double centred = height / 2.0 - line.ascent() - sign.center().y();
+    item->document()->setDocumentMargin(std::max(0.0, centred));
 }
 
 /// Clears the profile line behind a number.
@@ -179,7 +185,7 @@ void EbulaGraphicsScene::DrawRow(int slot, const TimeTableEntry &entry, const Ro
     MoveRightEdgeTo(kmItems.last(), 2.0 * c - textInset);
     symbolItems.append(AddText(entry.symbol, style.plain,
                                {2.0 * c + std::min(10.0, textInset / 4.0), y}, style.margin));
-    CentreIn(symbolItems.last(), style.height, style.margin);
+    CentreSign(symbolItems.last(), style.height, style.margin);
     nameItems.append(AddText(entry.name, weighted, {2.0 * c + textInset, y}, style.margin));
     gradientItems.append(AddText(entry.gradient, style.plain, {0.0, y}, style.margin));
     MoveRightEdgeTo(gradientItems.last(), 5.0 * c);

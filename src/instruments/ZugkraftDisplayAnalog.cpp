@@ -81,7 +81,7 @@ void ZugkraftDisplayAnalog::paintEvent(QPaintEvent *)
 
     painter.setPen(Qt::darkRed);
     painter.setBrush(Qt::darkRed);
-    const int angle = TruncToInt(HalfDialAngle(secondValue, minValue, maxValue));
+    const double angle = TruncToInt(HalfDialAngle(secondValue, minValue, maxValue));
     painter.rotate(angle);
     painter.drawRect(-2, -200, 4, 20);
     painter.rotate(-angle);

@@ -129,7 +129,7 @@ void LocoData::TakeBrakeRow(const QString &text)
     brtRows.append(row);
 }
 
-bool LocoData::WriteFile(const QString &path) const
+bool LocoData::WriteFile(const QString &path, QString *error) const
 {
     QSaveFile file(path);
     if (file.open(QIODevice::WriteOnly | QIODevice::Text) && Write(file) && file.commit())
@@ -137,6 +137,8 @@ bool LocoData::WriteFile(const QString &path) const
     qCWarning(lcLoco).noquote().nospace()
         << "LocoData::WriteFile can not write file " << path << "\n"
         << file.errorString();
+    if (error != nullptr)
+        *error = file.errorString();
     return false;
 }
 
@@ -187,6 +189,8 @@ void LocoData::UpdateValues(const QVector<VControllerBase> &controllers)
 QVector<BrtRow> LocoData::GetBrhRows(int brakeType) const
 {
     QVector<BrtRow> rows;
+    if (brakeType < 1)
+        return rows;
     for (BrtRow row : brtRows) {
         row.vmax = row.columns.value(brakeType - 1, 0);
         if (row.vmax != 0)

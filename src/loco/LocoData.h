@@ -41,8 +41,8 @@ public:
     void Read(QIODevice &device);
 
     /// Writes all functions. On failure the old file stays, the reason goes to the debug output
-    /// and false is returned.
-    bool WriteFile(const QString &path) const;
+    /// and to `error`, and false is returned.
+    bool WriteFile(const QString &path, QString *error = nullptr) const;
     /// Writes the lines of the file to an open device; false when the device refuses them.
     bool Write(QIODevice &device) const;
 

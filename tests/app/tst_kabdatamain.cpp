@@ -185,6 +185,7 @@ void TestKabdataMain::learnsTheLocoAndPolls()
     window->resize(640, 400);
     LeavePicture(*window, "main_640x400");
     StopAndWait();
+    QCOMPARE(StatusTexts().value(2), QString("Thread not started:"));
     QVERIFY(!Action("actionSave_Controllerlist")->isEnabled());
     QVERIFY(!Child<QLineEdit>("lineEdit_host")->isReadOnly());
     QCOMPARE(window->Train().speed, 60.0F); // open displays keep the last values

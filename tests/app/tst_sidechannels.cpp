@@ -182,6 +182,8 @@ void TestSideChannels::runningDistanceReadsWholeNumbersOnly()
 void TestSideChannels::aFailedDistanceKeepsTheOldFile()
 {
     WriteRunningDistance(folder->filePath("missing/loco.dist"), 7.0F);
+    WriteRunningDistance(RunningDistancePath(folder->path(), "../x"), 7.0F);
+    QVERIFY(!QFile::exists(folder->filePath("x.dist")));
     QVERIFY(!QFile::exists(folder->filePath("missing/loco.dist")));
 }
 
@@ -204,6 +206,7 @@ void TestSideChannels::tripLinesAreAppended()
 
 void TestSideChannels::anUnwritableTripSaysWhy()
 {
+    QVERIFY(!AppendTripRecord(TripRecordPath(folder->path(), "../user", 1), TrainData()).isEmpty());
     QVERIFY(!AppendTripRecord(folder->filePath("missing/x.rec"), TrainData()).isEmpty());
 }
 

@@ -10,7 +10,6 @@ inline TrainTimeTable PlanOf(int rows)
 {
     TrainTimeTable plan;
     plan.ScheduleID = QStringLiteral("Fahrplan 7");
-    plan.ExpiryDate = QStringLiteral("31.12.2030");
     for (int i = 0; i < rows; ++i) {
         TimeTableEntry entry;
         entry.index = i;

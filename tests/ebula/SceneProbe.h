@@ -10,7 +10,6 @@
 
 #include <QCoreApplication>
 #include <QGraphicsPolygonItem>
-#include <QGraphicsProxyWidget>
 #include <QGraphicsTextItem>
 
 #include <memory>
@@ -19,33 +18,22 @@
 class SceneProbe : public EbulaGraphicsScene
 {
 public:
-    using EbulaGraphicsScene::arrivalItems;
     using EbulaGraphicsScene::clockItem;
     using EbulaGraphicsScene::correctionDone;
     using EbulaGraphicsScene::cursor;
     using EbulaGraphicsScene::delayItem;
-    using EbulaGraphicsScene::departureItems;
     using EbulaGraphicsScene::EbulaGraphicsScene;
     using EbulaGraphicsScene::fsdPage;
-    using EbulaGraphicsScene::gradientItems;
     using EbulaGraphicsScene::haltePage;
     using EbulaGraphicsScene::headerItem;
     using EbulaGraphicsScene::kmItems;
     using EbulaGraphicsScene::loadView;
-    using EbulaGraphicsScene::menuButtons;
-    using EbulaGraphicsScene::menuTexts;
     using EbulaGraphicsScene::nameItems;
     using EbulaGraphicsScene::nextStopItem;
     using EbulaGraphicsScene::page;
     using EbulaGraphicsScene::pageStart;
     using EbulaGraphicsScene::pageTimer;
-    using EbulaGraphicsScene::speedItem;
-    using EbulaGraphicsScene::speedSteps;
-    using EbulaGraphicsScene::speedTexts;
-    using EbulaGraphicsScene::statusAge;
     using EbulaGraphicsScene::statusItem;
-    using EbulaGraphicsScene::symbolItems;
-    using EbulaGraphicsScene::tableRect;
     using EbulaGraphicsScene::tickTimer;
     using EbulaGraphicsScene::timeTable;
 
@@ -54,14 +42,6 @@ public:
     {
         for (const QString &key : keys)
             OnButtonMenuClicked(key);
-    }
-    QStringList Names() const { return TextsOf(nameItems); }
-    static QStringList TextsOf(const QList<QGraphicsTextItem *> &items)
-    {
-        QStringList texts;
-        for (const QGraphicsTextItem *item : items)
-            texts.append(item->toPlainText());
-        return texts;
     }
 };
 

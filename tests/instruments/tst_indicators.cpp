@@ -1,7 +1,6 @@
 #include "AnalogClock.h"
 #include "ClickedLabelRailjet.h"
 #include "ControlLight.h"
-#include "DpiRatio.h"
 #include "LZBDisplayBR145.h"
 #include "LZBDisplayRailjet.h"
 #include "LabelRailjet.h"
@@ -11,7 +10,6 @@
 #include "ValueBar.h"
 
 #include <QPointer>
-#include <QSignalSpy>
 
 #include <limits>
 
@@ -30,24 +28,12 @@ private slots:
     void ledBarLightsItsBlocks();
     void slimBarGrowsFromItsFoot_data();
     void slimBarGrowsFromItsFoot();
-    void inactiveSlimBarIsItsFrame();
     void lampsAreLitOrDark_data();
     void lampsAreLitOrDark();
     void valueBarFills_data() { AddRatioRows(); }
     void valueBarFills();
-    void valueBarLaysItselfOut();
-    void valueBarMarkerTakesASide();
-    void slowValueChangesNothing();
     void hostileValueBarsDrawAtOnce_data();
     void hostileValueBarsDrawAtOnce();
-    void powerBarFills_data();
-    void powerBarFills();
-    void clockShowsItsHands();
-    void labelsDim_data();
-    void labelsDim();
-    void highlightTurnsThePalette();
-    void fontsAreScaledToTheScreen();
-    void pressEndsAtTheLabel();
     void receiverMayDeleteTheLabel();
     void unchangedSettingsPaintNothing();
 };
@@ -58,11 +44,7 @@ void TestIndicators::ledBarLightsItsBlocks_data()
     QTest::addColumn<int>("lit");
     QTest::addColumn<bool>("digits");
 
-    QTest::newRow("at the target") << 12 << 0 << false;
-    QTest::newRow("100 m") << 100 << 4 << false;
     QTest::newRow("1000 m") << 1000 << 23 << false;
-    QTest::newRow("3950 m") << 3950 << 37 << false;
-    QTest::newRow("4000 m") << 4000 << 38 << false;
     QTest::newRow("beyond the scale") << 5000 << 38 << true;
 }
 
@@ -94,13 +76,9 @@ void TestIndicators::slimBarGrowsFromItsFoot_data()
     QTest::addColumn<bool>("atMiddle");
     QTest::addColumn<bool>("digits");
 
-    QTest::newRow("at the target") << 0 << 0 << false << false << false;
     QTest::newRow("digits on for good") << 0 << 5 << false << false << true;
-    QTest::newRow("100 m") << 100 << 0 << true << false << false;
     QTest::newRow("1000 m") << 1000 << 0 << true << true << false;
     QTest::newRow("beyond the scale") << 4100 << 0 << true << true << true;
-    QTest::newRow("the greatest number")
-        << std::numeric_limits<int>::max() << 0 << true << true << true;
 }
 
 void TestIndicators::slimBarGrowsFromItsFoot()
@@ -121,20 +99,6 @@ void TestIndicators::slimBarGrowsFromItsFoot()
     }
 }
 
-void TestIndicators::inactiveSlimBarIsItsFrame()
-{
-    LZBDisplayRailjet bar;
-    bar.resize(100, 400);
-    bar.setPalette(QPalette(QColor(60, 60, 60)));
-    bar.mode = 5;
-    bar.setDistance(2000);
-    bar.setBrightness(10);
-    const Picture picture(bar, 1);
-    QCOMPARE(picture.Count(QRect(2, 2, 96, 396), bar.palette().color(QPalette::Window)), 96 * 396);
-    bar.setActive(true);
-    QVERIFY(Picture(bar, 1).At(5, 395).lightness() < 10);
-}
-
 void TestIndicators::lampsAreLitOrDark_data()
 {
     QTest::addColumn<bool>("lit");
@@ -144,7 +108,6 @@ void TestIndicators::lampsAreLitOrDark_data()
 
     const QColor dark(210 * 105 / 255, 0, 0); // what the veil leaves of the dark lamp
     QTest::newRow("lit") << true << false << QColor(Qt::yellow) << true;
-    QTest::newRow("lit and round") << true << true << QColor(Qt::yellow) << false;
     QTest::newRow("dark") << false << false << dark << true;
     QTest::newRow("dark and round") << false << true << dark << false;
 }
@@ -190,66 +153,6 @@ void TestIndicators::valueBarFills()
     QCOMPARE(Picture(bar, ratio).At(x, 250), Picture::Ground());
 }
 
-void TestIndicators::valueBarLaysItselfOut()
-{
-    ValueBar bar;
-    bar.setMargin(3);
-    bar.resize(100, 300);
-    bar.setRange(0, 25000);
-    const QFontMetrics metrics(bar.font());
-    QCOMPARE(bar.barLeft, 3 + metrics.horizontalAdvance(QStringLiteral("25000")));
-    QCOMPARE(bar.barTop, 3 + metrics.height());
-    QCOMPARE(bar.barWidth, 10);
-    QCOMPARE(bar.barGap, bar.valueLabel->height() + 6);
-    QCOMPARE(bar.valueLabel->geometry().bottomLeft(), QPoint(3, 296));
-    QVERIFY(bar.valueLabel->width() >= bar.barLeft - 3);
-    bar.resize(120, 200);
-    (void)Picture(bar, 1); // the resize arrives with the first picture
-    QCOMPARE(bar.valueLabel->geometry().bottomLeft(), QPoint(3, 196));
-    QCOMPARE(bar.minimumWidth(), bar.valueLabel->width() + 12);
-    const int narrow = bar.barLeft;
-    QFont large = bar.font();
-    large.setPixelSize(40);
-    bar.setFont(large);
-    QVERIFY(bar.barLeft > narrow);
-}
-
-void TestIndicators::valueBarMarkerTakesASide()
-{
-    ValueBar bar;
-    bar.setRange(0, 80);
-    bar.resize(100, 300);
-    QPalette colors;
-    colors.setColor(QPalette::WindowText, Qt::red);
-    bar.setPalette(colors);
-    bar.markerValue = 40;
-    const QRect left(bar.barLeft, 100, 10, 100);
-    const QRect right(85, 100, 10, 100);
-    QCOMPARE(Picture(bar, 1).Count(left, Qt::red), 0);
-    bar.markerVisible = true;
-    QVERIFY(Picture(bar, 1).Count(left, Qt::red) > 30);
-    QCOMPARE(Picture(bar, 1).Count(right, Qt::red), 0);
-    const int diamond = Picture(bar, 1).Count(left, Qt::red);
-    bar.markerSide = 1;
-    bar.markerShape = 1;
-    QCOMPARE(Picture(bar, 1).Count(left, Qt::red), 0);
-    QVERIFY(Picture(bar, 1).Count(right, Qt::red) > 30);
-    bar.markerShape = 0;
-    QVERIFY(qAbs(Picture(bar, 1).Count(right, Qt::red) - diamond) < 10);
-}
-
-void TestIndicators::slowValueChangesNothing()
-{
-    ValueBar bar;
-    bar.setRange(0, 80);
-    bar.setValue(20);
-    bar.resize(100, 300);
-    const Picture before(bar, 1);
-    emit bar.sigUpdateValueSlow(60, 500);
-    QCOMPARE(bar.value, 20);
-    QVERIFY(Picture(bar, 1) == before);
-}
-
 void TestIndicators::hostileValueBarsDrawAtOnce_data()
 {
     QTest::addColumn<int>("min");
@@ -286,133 +189,6 @@ void TestIndicators::hostileValueBarsDrawAtOnce()
             Picture(bar, 1);
     }
     QVERIFY(bar.valueLabel->isVisibleTo(&bar));
-}
-
-void TestIndicators::powerBarFills_data()
-{
-    QTest::addColumn<double>("percent");
-    QTest::addColumn<int>("columns");
-
-    QTest::newRow("nothing, not even a line") << 0.0 << 0;
-    QTest::newRow("negative") << -5.0 << 0;
-    QTest::newRow("no number") << std::nan("") << 0;
-    QTest::newRow("a third, cut") << 33.39 << 33;
-    QTest::newRow("everything") << 100.0 << 99;
-    QTest::newRow("far too much") << 1e300 << 99;
-}
-
-void TestIndicators::powerBarFills()
-{
-    QFETCH(double, percent);
-    QFETCH(int, columns);
-    PowerBar bar;
-    bar.resize(100, 20);
-    bar.setPalette(QPalette(Qt::black, Qt::gray));
-    bar.setPercent(percent);
-    const Picture picture(bar, 1);
-    const QColor text = bar.palette().color(QPalette::Text);
-    QCOMPARE(picture.Count(QRect(0, 10, 99, 1), text), columns > 0 ? qMin(columns + 1, 99) : 0);
-}
-
-void TestIndicators::clockShowsItsHands()
-{
-    AnalogClock clock;
-    clock.resize(400, 400);
-    QPalette colors;
-    colors.setColor(QPalette::Dark, Qt::red);
-    clock.setPalette(colors);
-    const QColor red(Qt::red);
-    const Picture unset(clock, 1);
-    QCOMPARE(unset.OnDial(0, 40), Picture::Ground());
-    QCOMPARE(unset.OnDial(30, 179), red); // hour marks are longer
-    QCOMPARE(unset.OnDial(36, 179), Picture::Ground());
-    QCOMPARE(unset.OnDial(36, 188), red);
-
-    clock.setTime(QDateTime(QDate(2020, 5, 1), QTime(3, 0, 30)));
-    const Picture picture(clock, 2);
-    QCOMPARE(picture.OnDial(90.25, 60), red);
-    QCOMPARE(picture.OnDial(3, 120), red);
-    QCOMPARE(picture.OnDial(90.25, 120), Picture::Ground());
-}
-
-void TestIndicators::labelsDim_data()
-{
-    QTest::addColumn<int>("brightness");
-    QTest::addColumn<int>("grey");
-
-    QTest::newRow("as it is made") << -1000 << 255;
-    QTest::newRow("full") << 255 << 255;
-    QTest::newRow("dimmed") << 100 << 100;
-    QTest::newRow("below dark") << -5 << 0;
-}
-
-void TestIndicators::labelsDim()
-{
-    QFETCH(int, brightness);
-    QFETCH(int, grey);
-    LabelRailjet plain;
-    ClickedLabelRailjet button;
-    QPalette colors(Qt::white);
-    colors.setColor(QPalette::Light, Qt::red);
-    plain.setPalette(colors);
-    plain.setAutoFillBackground(true);
-    button.SetHighlighted(true);
-    for (QLabel *label : {static_cast<QLabel *>(&plain), static_cast<QLabel *>(&button)})
-        label->resize(40, 20);
-    if (brightness != -1000) {
-        plain.setBrightness(brightness);
-        button.setBrightness(brightness);
-    }
-    QCOMPARE(Picture(plain, 1).At(20, 10), QColor(grey, grey, grey));
-    QCOMPARE(Picture(button, 2).At(20, 10), QColor(grey, grey, grey));
-    QCOMPARE(Picture(plain, 1).At(0, 10), QColor(grey, grey, grey));
-    plain.framed = button.framed = 1;
-    QCOMPARE(Picture(plain, 1).At(0, 10), QColor(grey, 0, 0));
-    QVERIFY(qAbs(Picture(button, 1).At(39, 10).red() - grey * 200 / 255) <= 1);
-}
-
-void TestIndicators::highlightTurnsThePalette()
-{
-    ClickedLabelRailjet label;
-    label.SetHighlighted(false);
-    QVERIFY(label.autoFillBackground());
-    for (const bool on : {true, false}) {
-        label.SetHighlighted(on);
-        QCOMPARE(label.highlighted, on);
-        for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
-            QCOMPARE(label.palette().color(group, QPalette::Window), on ? Qt::white : Qt::black);
-            QCOMPARE(label.palette().color(group, QPalette::WindowText),
-                     on ? Qt::black : Qt::white);
-        }
-    }
-}
-
-void TestIndicators::fontsAreScaledToTheScreen()
-{
-    QFont points;
-    points.setPointSize(20);
-    QFont pixels;
-    pixels.setPixelSize(17);
-    LabelRailjet plain;
-    plain.setFont(points);
-    QCOMPARE(plain.font().pointSize(), ScaledPointSize(20));
-    plain.setFont(pixels);
-    QCOMPARE(plain.font().pixelSize(), 17);
-    ClickedLabelRailjet button;
-    button.setFont(points);
-    QCOMPARE(button.font().pointSize(), ScaledPointSize(20));
-}
-
-void TestIndicators::pressEndsAtTheLabel()
-{
-    QWidget window;
-    auto *label = new ClickedLabelRailjet(&window);
-    const QSignalSpy clicked(label, &ClickedLabelRailjet::clicked);
-    QMouseEvent press(QEvent::MouseButtonPress, QPointF(1, 1), Qt::LeftButton, Qt::LeftButton,
-                      Qt::NoModifier);
-    QCoreApplication::sendEvent(label, &press);
-    QCOMPARE(clicked.count(), 1);
-    QVERIFY(press.isAccepted());
 }
 
 void TestIndicators::receiverMayDeleteTheLabel()

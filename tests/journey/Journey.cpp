@@ -7,6 +7,7 @@
 #include <QDeadlineTimer>
 #include <QFile>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QPushButton>
 
 namespace {
@@ -58,7 +59,12 @@ Journey::~Journey() = default;
 bool Journey::Connect()
 {
     window->findChild<QPushButton *>(QStringLiteral("pushButton_clientStartStop"))->click();
-    return WaitFor([this] { return LocoText() == model.Loco().name; });
+    const bool learnt = WaitFor([this] { return LocoText() == model.Loco().name; });
+    if (!learnt) {
+        const auto *log = window->findChild<QPlainTextEdit *>(QStringLiteral("plainTextEdit_log"));
+        qWarning("no loco:\n%s", qPrintable(log->toPlainText().right(4000)));
+    }
+    return learnt;
 }
 
 bool Journey::Disconnect()

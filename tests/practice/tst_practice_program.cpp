@@ -40,10 +40,6 @@ private slots:
     void itTellsItsPortAndServes();
     void itServesTheWebToo();
     void itObeysStandardInput();
-    void itEndsByItself_data();
-    void itEndsByItself();
-    void aTakenPortIsReported();
-    void itWritesTheWorkFolder();
 };
 
 void TestPracticeProgram::wrongArgumentsAreExplained_data()
@@ -51,13 +47,9 @@ void TestPracticeProgram::wrongArgumentsAreExplained_data()
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QByteArray>("text");
     QTest::newRow("a port out of range") << QStringList{"--port", "65536"} << QByteArray("--port");
-    QTest::newRow("a port that is none") << QStringList{"--port", "http"} << QByteArray("http");
     QTest::newRow("fields that no reply has")
         << QStringList{"--fields", "8"} << QByteArray("6, 9 or 17");
     QTest::newRow("an unknown loco") << QStringList{"--loco", "X"} << QByteArray("Railjet");
-    QTest::newRow("an unknown timetable")
-        << QStringList{"--timetable", "X"} << QByteArray("IC 2021");
-    QTest::newRow("an unknown fault") << QStringList{"--fault", "x"} << QByteArray("garbage");
     QTest::newRow("an unknown fault of the web server")
         << QStringList{"--web-port", "0", "--web-fault", "403"} << QByteArray("garbage");
     QTest::newRow("an unknown option") << QStringList{"--wat"} << QByteArray("wat");
@@ -118,44 +110,6 @@ void TestPracticeProgram::itObeysStandardInput()
     QCOMPARE(program.process.exitCode(), 0);
     QCOMPARE(program.process.readAllStandardError().replace("\r", ""),
              QByteArray("Horn = 1\nloco changed to BR 145 023 Rheintal\n"));
-}
-
-void TestPracticeProgram::itEndsByItself_data()
-{
-    QTest::addColumn<QStringList>("arguments");
-    QTest::newRow("after its time") << QStringList{"--port", "0", "--run-for", "0.2"};
-    QTest::newRow("with standard input")
-        << QStringList{"--port", "0", "--exit-with-stdin", "--run-for", "1000"};
-}
-
-void TestPracticeProgram::itEndsByItself()
-{
-    QFETCH(QStringList, arguments);
-    Program program(arguments);
-    QVERIFY(program.FirstLine().startsWith("listening"));
-    program.process.closeWriteChannel();
-    QVERIFY(program.Ends());
-    QCOMPARE(program.process.exitCode(), 0);
-}
-
-void TestPracticeProgram::aTakenPortIsReported()
-{
-    Program first({"--port", "0"});
-    const QString port = QString::fromLatin1(first.FirstLine().mid(13).trimmed());
-    Program second({"--port", port});
-    QVERIFY(second.Ends());
-    QCOMPARE(second.process.exitCode(), 1);
-    QVERIFY(second.process.readAllStandardError().contains("cannot listen on port"));
-}
-
-void TestPracticeProgram::itWritesTheWorkFolder()
-{
-    const QTemporaryDir folder;
-    Program program({"--write-workfolder", folder.filePath("deep/work")});
-    QVERIFY(program.Ends());
-    QCOMPARE(program.process.exitCode(), 0);
-    for (const char *name : {"locos.cfg", "lococonfig/br101.cfg", "roadsections/Koeln-Koblenz.sfp"})
-        QVERIFY2(QFile::exists(folder.filePath("deep/work/") + name), name);
 }
 
 ZUGBLICK_TEST_MAIN(TestPracticeProgram)

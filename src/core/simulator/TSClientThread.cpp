@@ -60,6 +60,16 @@ TSClientThread::~TSClientThread()
         jobs.clear();
     }
     wait();
+    if (interface == nullptr)
+        return;
+    // A window may close while its connect is still under way. Socket and library belong to this
+    // thread, so they go on it, in one last run that nobody hears.
+    blockSignals(true);
+    ending = true;
+    start();
+    wait();
+    // Orders that run before the end of the members, as `wait` does, where ThreadSanitizer sees it.
+    const std::lock_guard<std::mutex> lock(jobMutex);
 }
 
 void TSClientThread::AddJob(const Job &job)
@@ -112,6 +122,8 @@ void TSClientThread::OnDisconnected()
 
 void TSClientThread::run()
 {
+    if (ending)
+        interface.reset();
     Job job;
     while (TakeNextJob(job)) {
         Dispatch(job);

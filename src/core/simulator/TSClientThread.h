@@ -29,7 +29,7 @@ public:
     /// `settings` must outlive the thread.
     explicit TSClientThread(KabdataSettings *kabdataSettings, QObject *parent = nullptr,
                             InterfaceFactory interfaceFactory = CreateInterface);
-    /// Drops the queue and waits for the running job.
+    /// Drops the queue, waits for the running job and lets the connection go.
     ~TSClientThread() override;
 
     /// Queues a job. It waits for the next `start`, unless the thread is at work anyway.
@@ -75,4 +75,5 @@ private:
     const InterfaceFactory factory;
     mutable std::mutex jobMutex; // guards `jobs` and `idle`; never held while a signal is emitted
     bool idle = true; // the run has seen the empty queue, or there is none
+    bool ending = false; // set between two runs
 };

@@ -1,16 +1,22 @@
 #pragma once
 
+#include "DynamicLibrary.h"
 #include "TSInterfaceBase.h"
 
-/// The simulator's RailDriver library in this process. Without the library every operation
-/// answers that it cannot be loaded, and `Connect` fails.
+/// The simulator's RailDriver library in this process. Made, used and destroyed on the worker
+/// thread: the library may not bear calls from elsewhere. Whatever the library lacks, the
+/// operation that needs it says so in its text and result; there are no entered train data here.
 class TSInterfaceDll : public TSInterfaceBase
 {
     Q_OBJECT
 
 public:
-    /// `simulatorFolder` is the folder of the simulator, above its "plugins".
-    explicit TSInterfaceDll(const QString &simulatorFolder, QObject *parent = nullptr);
+    /// Loads the library. `simulatorFolder` is the folder of the simulator, above its "plugins".
+    explicit TSInterfaceDll(const QString &simulatorFolder,
+                            const DynamicLibraryFactory &makeLibrary = CreateDynamicLibrary,
+                            QObject *parent = nullptr);
+    /// Tells the library that the client leaves, if it was not told, and unloads it.
+    ~TSInterfaceDll() override;
 
     int Connect(QString &text) override;
     int Disconnect() override;
@@ -21,10 +27,23 @@ public:
     int SetControllerValue(QString &text) override;
     int GetLocoChanged(QString &text) override;
     int GetLocoName(QString &text) override;
+    int LoadSteamLibrary(QString &text) override;
+
+private slots:
+    void disconnected();
 
 private:
-    static int Refuse(QString &text);
+    bool Load(const char *file);
+    void SayFirstLoading();
+    void SayNotLoaded();
+    int DescribeControllers(QString &text, bool withValues);
 
+    std::unique_ptr<DynamicLibrary> library;
     QString simulatorPath;
     QString loadError;
+
+    const DynamicLibraryFactory factory;
+    std::unique_ptr<DynamicLibrary> steamLibrary;
+    bool attached = false; // the library counts us as its client
+    bool firstLoadingSaid = false;
 };

@@ -1,6 +1,5 @@
 #include "IndicatorQueue.h"
 
-#include "ControlLight.h"
 #include "DpiRatio.h"
 #include "LabelRailjet.h"
 
@@ -41,22 +40,8 @@ void IndicatorQueue::SetIndicator(LabelRailjet *label, const IndicatorLook &look
         labels.append({label, look});
 }
 
-void IndicatorQueue::SetLit(ControlLight *lamp, bool lit)
-{
-    if (lamp == nullptr)
-        return;
-    const auto known = std::find_if(lamps.begin(), lamps.end(),
-                                    [lamp](const PendingLamp &p) { return p.lamp == lamp; });
-    if (known != lamps.end())
-        known->lit = lit;
-    else
-        lamps.append({lamp, lit});
-}
-
 void IndicatorQueue::Apply(const QColor &labelBackground)
 {
     for (const PendingLabel &each : std::exchange(labels, {}))
         ApplyIndicator(*each.label, each.look, labelBackground);
-    for (const PendingLamp &each : std::exchange(lamps, {}))
-        each.lamp->setLit(each.lit);
 }

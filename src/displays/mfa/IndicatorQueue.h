@@ -4,7 +4,6 @@
 #include <QString>
 #include <QVector>
 
-class ControlLight;
 class LabelRailjet;
 
 /// How an indicator field looks. An empty text clears it: then it melts into the panel.
@@ -32,11 +31,9 @@ public:
     void SetIndicator(LabelRailjet *label, const QString &text, const QColor &background,
                       const QColor &foreground, int pointSize);
     void SetIndicator(LabelRailjet *label, const IndicatorLook &look);
-    /// Does nothing for a null lamp.
-    void SetLit(ControlLight *lamp, bool lit);
 
     /// Applies all settings and forgets them. `labelBackground` is what a cleared field shows.
-    void Apply(const QColor &labelBackground = QColor());
+    void Apply(const QColor &labelBackground);
 
 private:
     struct PendingLabel
@@ -44,11 +41,5 @@ private:
         LabelRailjet *label;
         IndicatorLook look;
     };
-    struct PendingLamp
-    {
-        ControlLight *lamp;
-        bool lit;
-    };
     QVector<PendingLabel> labels;
-    QVector<PendingLamp> lamps;
 };

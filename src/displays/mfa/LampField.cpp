@@ -1,6 +1,7 @@
 #include "LampField.h"
 
 #include "ControlLight.h"
+#include "Numbers.h"
 
 #include <QFontMetricsF>
 #include <QGridLayout>
@@ -14,11 +15,13 @@ const QColor kBezel(0x2a, 0x2d, 0x30);
 const QColor kRim(Qt::black);
 constexpr int kSmallestLegend = 6;
 constexpr double kRoundMargin = 1.0; // px between a legend's corners and the rim
-constexpr double kSideMargin = 3.0; // px between a legend and the sides of a rectangle
+constexpr double kSideMargin = 0.06; // of a rectangle's width, beside a legend
 constexpr int kMargin = 6; // px, as on the plate above
 constexpr int kGap = 4; // px between lamps
 constexpr int kGroupGap = 12; // px between groups
 constexpr int kShortLegend = 2; // letters of "85" or "EL"
+constexpr double kLettersShare = 0.5; // of a lamp's height
+constexpr double kWordsShare = 0.32; // of a lamp's height, for two lines
 constexpr int kLongWord = 7; // letters beyond which a line counts as long
 
 bool IsShort(const QLabel &plate)
@@ -45,7 +48,7 @@ bool Fits(const QFontMetricsF &metrics, const QString &legend, const QSizeF &lam
     const double radius = std::min(lamp.width(), lamp.height()) / 2.0 - kRoundMargin;
     const double halfWidth = round
         ? std::sqrt(std::max(0.0, radius * radius - halfHeight * halfHeight))
-        : lamp.width() / 2.0 - kSideMargin;
+        : lamp.width() * (0.5 - kSideMargin);
     return std::all_of(lines.begin(), lines.end(), [&](const QString &line) {
         return metrics.horizontalAdvance(line) <= 2.0 * halfWidth;
     });
@@ -100,16 +103,17 @@ int LegendPixelSize(const QFont &font, const QStringList &legends, const QSize &
 }
 
 namespace {
-/// Gives the labels of a group the one size at which all of them fit, at most half of the lamp's
-/// height as on the real panels.
-void Engrave(const QVector<QLabel *> &group, const QFont &face, const QSize &lamp, bool round)
+/// Gives the labels of a group the one size at which all of them fit, at most `share` of the lamp's
+/// height.
+void Engrave(const QVector<QLabel *> &group, const QFont &face, const QSize &lamp, bool round,
+             double share)
 {
     QStringList legends;
     for (const QLabel *each : group)
         legends.append(each->text());
     QFont engraved = face;
     engraved.setPixelSize(std::min(LegendPixelSize(face, legends, lamp, round),
-                                   std::max(kSmallestLegend, lamp.height() / 2)));
+                                   std::max(kSmallestLegend, TruncToInt(lamp.height() * share))));
     for (QLabel *each : group)
         each->setFont(engraved);
 }
@@ -180,11 +184,16 @@ void LampField::EngraveLegends(const QSize &cell)
         else
             words.append(each);
     }
-    const QFont narrow(QStringLiteral("Arial Narrow"));
-    Engrave(letters, font(), shape, round);
-    Engrave(words, narrow, shape, round);
-    Engrave(longWords, narrow, shape, round);
-    Engrave(plates, narrow, cell, false);
+    // Words stand in a narrow face, so that the longest stay legible in the smallest window. The
+    // list of families is there too because the window's own list would otherwise win.
+    QFont narrow = font();
+    narrow.setFamily(QStringLiteral("Arial Narrow"));
+    narrow.setFamilies(
+        {narrow.family(), QStringLiteral("Liberation Sans Narrow"), font().family()});
+    Engrave(letters, font(), shape, round, kLettersShare);
+    Engrave(words, narrow, shape, round, kWordsShare);
+    Engrave(longWords, narrow, shape, round, kWordsShare);
+    Engrave(plates, narrow, cell, false, kWordsShare);
 }
 
 void LampField::paintEvent(QPaintEvent *event)

@@ -8,6 +8,7 @@ void MessageList::Add(const QString &text, int id, const QDateTime &now)
 {
     const QString line = now.toString(QStringLiteral("hh:mm")) + QLatin1Char(' ') + text;
     messages.append({text, id, now, new QListWidgetItem(line, list)});
+    list->scrollToBottom();
 }
 
 void MessageList::Remove(int id, const QDateTime &now)

@@ -24,7 +24,7 @@ class MessageList
 public:
     explicit MessageList(QListWidget *listWidget) : list(listWidget) { }
 
-    /// Appends a line "hh:mm text".
+    /// Appends a line "hh:mm text" and brings it into view.
     void Add(const QString &text, int id, const QDateTime &now);
     /// Removes the messages with that id, and whatever is older than `now`. The simulator's clock
     /// counts whole seconds, so that messages of the current second stay.

@@ -3,6 +3,7 @@
 #include "Speedometer.h"
 #include "ZugkraftDisplayAnalog.h"
 
+#include <QGridLayout>
 #include <QLabel>
 #include <QPainter>
 
@@ -15,8 +16,11 @@ const QColor kBezelColor(0x2a, 0x2d, 0x30);
 const QColor kHairlineColor(0x3a, 0x3e, 0x42);
 const QColor kLegendColor(0xd8, 0xda, 0xdc);
 constexpr int kBezelWidth = 4;
-constexpr int kEngravingShare = 20; // parts of the plate's height
+constexpr int kEngravingShare = 22; // parts of the plate's height
 constexpr int kSmallestEngraving = 8;
+constexpr int kColumns = 3; // the bar and two dials
+constexpr int kShares = 22; // parts of the width: 4 for the bar, 9 for each dial
+constexpr int kDialShare = 9;
 
 void DrawBezel(QPainter &painter, const QRect &dial)
 {
@@ -45,11 +49,26 @@ PanelFace::PanelFace(QWidget *parent) : QFrame(parent) { }
 void PanelFace::resizeEvent(QResizeEvent *event)
 {
     QFrame::resizeEvent(event);
+    ShareWidth();
     QFont engraved = font();
     engraved.setPixelSize(std::max(kSmallestEngraving, height() / kEngravingShare));
     const auto labels = findChildren<QLabel *>();
     for (QLabel *label : labels)
         label->setFont(engraved);
+}
+
+/// Gives the LZB bar its share of the width and the odd pixel, so that the dials are equal.
+void PanelFace::ShareWidth()
+{
+    auto *grid = qobject_cast<QGridLayout *>(layout());
+    if (grid == nullptr || grid->columnCount() != kColumns)
+        return;
+    const QMargins margins = grid->contentsMargins();
+    const int room =
+        width() - margins.left() - margins.right() - (kColumns - 1) * grid->horizontalSpacing();
+    const int dial = room * kDialShare / kShares;
+    grid->setColumnMinimumWidth(0, std::max(0, room - 2 * dial));
+    grid->activate();
 }
 
 void PanelFace::paintEvent(QPaintEvent *event)

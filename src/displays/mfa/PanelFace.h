@@ -14,6 +14,9 @@ public:
 protected:
     void resizeEvent(QResizeEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
+
+private:
+    void ShareWidth();
 };
 
 /// The near-black palette of the panels, for the whole window.

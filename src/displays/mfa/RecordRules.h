@@ -6,8 +6,6 @@
 #include <QPointer>
 #include <QWidget>
 
-class ControlLight;
-
 /// The shapes of the tables that say what a record does to a screen. A pass walks the active
 /// records in the file's order and runs every row that names the record; a class that does as
 /// another one shares its table and adds its differences as rows of its own.
@@ -20,16 +18,7 @@ struct RecordRule
     void (Target::*effect)(VControllerBase &record);
 };
 
-/// A row that lights one lamp of a generated form.
-template <typename Form>
-struct LampRule
-{
-    VControllerBase LocoData::*record;
-    ControlLight *Form::*lamp;
-    bool (*isLit)(const VControllerBase &record);
-};
-
-/// The conditions of lamp rows.
+/// Conditions under which a lamp is lit.
 inline bool IsNotZero(const VControllerBase &record)
 {
     return record.value != 0.0F;

@@ -5,6 +5,7 @@
 #include "LabelRailjet.h"
 #include "Numbers.h"
 #include "Repaint.h"
+#include "ScreenArt.h"
 #include "Speedometer.h"
 #include "ZugkraftDisplay.h"
 
@@ -141,7 +142,7 @@ void TouchIndication::ShowBrake(VControllerBase &record)
     if (applied == brakeShown)
         return;
     brakeShown = applied;
-    panel.bremse->setPixmap(applied ? QPixmap(QStringLiteral(":icons/ebremse_railjet"))
+    panel.bremse->setPixmap(applied ? ScreenArt(QStringLiteral(":icons/ebremse_railjet"))
                                     : QPixmap());
 }
 

@@ -5,6 +5,7 @@
 #include "LZBDisplayRailjet.h"
 #include "LabelRailjet.h"
 #include "Numbers.h"
+#include "ScreenArt.h"
 #include "Speedometer.h"
 #include "ZugkraftDisplay.h"
 #include "ui_WidgetMFA_OEBB8090.h"
@@ -18,6 +19,7 @@ std::unique_ptr<Ui::WidgetMFA_OEBB8090> MakeForm(QWidget *window)
 {
     auto form = std::make_unique<Ui::WidgetMFA_OEBB8090>();
     form->setupUi(window);
+    ShowScreenArt(*window);
     return form;
 }
 

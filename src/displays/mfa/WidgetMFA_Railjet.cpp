@@ -7,6 +7,7 @@
 #include "LabelRailjet.h"
 #include "LedFont.h"
 #include "Numbers.h"
+#include "ScreenArt.h"
 #include "ScreenStates.h"
 #include "Speedometer.h"
 #include "WidgetMFA_RailjetKeys.h"
@@ -23,6 +24,7 @@ std::unique_ptr<Ui::WidgetMFA_Railjet> MakeForm(QWidget *window)
 {
     auto form = std::make_unique<Ui::WidgetMFA_Railjet>();
     form->setupUi(window);
+    ShowScreenArt(*window);
     return form;
 }
 
@@ -178,12 +180,12 @@ void WidgetMFA_Railjet::OnClickedNacht()
 
 void WidgetMFA_Railjet::OnRestoreButtonHellPixmap()
 {
-    ui->label_hell->setPixmap(QPixmap(QStringLiteral(":/icons/button_hell")));
+    ui->label_hell->setPixmap(ScreenArt(QStringLiteral(":/icons/button_hell")));
 }
 
 void WidgetMFA_Railjet::OnRestoreButtonDunkelPixmap()
 {
-    ui->label_dunkel->setPixmap(QPixmap(QStringLiteral(":/icons/button_dunkel")));
+    ui->label_dunkel->setPixmap(ScreenArt(QStringLiteral(":/icons/button_dunkel")));
 }
 
 void WidgetMFA_Railjet::PassOnBrightness()

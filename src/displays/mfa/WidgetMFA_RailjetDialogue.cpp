@@ -3,36 +3,17 @@
 #include "ClickedLabelRailjet.h"
 #include "LabelRailjet.h"
 #include "Numbers.h"
-#include "Speedometer.h"
 #include "WidgetMFA_RailjetKeys.h"
 #include "ui_WidgetMFA_Railjet.h"
-
-#include <QCoreApplication>
 
 #include <algorithm>
 
 namespace {
 constexpr int kEchoMs = 2000; ///< until the train protection has returned the values
 constexpr int kAlerterMessageMs = 30000;
-/// Numbers of the simulator's own controllers.
-constexpr int kBrakeModeController = 102;
+constexpr int kBrakeModeController = 102; ///< the simulator's own number for it
 
-const char *const kTyp = "typ";
-
-struct TestWrite
-{
-    int controller;
-    float value;
-    bool waits; ///< two seconds before the next one
-};
-/// What the function test switches, in order.
-constexpr TestWrite kTestWrites[] = {
-    {84, 1.0F, true},  {84, 0.0F, false},  {103, 1.0F, true},  {103, 0.0F, false},
-    {142, 1.0F, true}, {142, 0.0F, false}, {101, 0.0F, true},  {101, 1.0F, true},
-    {101, 2.0F, true}, {101, 3.0F, true},  {101, 1.0F, false},
-};
-constexpr int kTestWaitMs = 2000;
-constexpr int kTestSpeed = 240;
+const char *const kTyp = "typ"; ///< property of the keyboard's title
 } // namespace
 
 /// A value of the overview: as it was entered, and as it comes back.
@@ -365,44 +346,4 @@ void WidgetMFA_Railjet::ApplyBrhRowToAll()
     TakeBrhRow();
     const EntryValue &value = EntryValueOf(EntryStep::TrainMass);
     ui->label_eingabe_title->setProperty(kTyp, QLatin1String(value.typ));
-}
-
-void WidgetMFA_Railjet::RunFunctionTest()
-{
-    const QPointer<WidgetMFA> guard(this);
-    functionTestRuns = true;
-    updateTimer.stop();
-    const bool complete = TestControllers() && TestNeedle();
-    if (guard.isNull())
-        return;
-    functionTestRuns = false;
-    if (complete)
-        updateTimer.start();
-}
-
-bool WidgetMFA_Railjet::TestControllers()
-{
-    const QPointer<WidgetMFA> guard(this);
-    for (const TestWrite &write : kTestWrites) {
-        emit sigWriteControllerValue(write.controller, write.value);
-        if (!IsOpen(guard) || (write.waits && !WaitMs(kTestWaitMs)))
-            return false;
-    }
-    return true;
-}
-
-bool WidgetMFA_Railjet::TestNeedle()
-{
-    const QPointer<WidgetMFA> guard(this);
-    for (int at = 0; at <= 2 * kTestSpeed; ++at) {
-        const int speed = at < kTestSpeed ? at : 2 * kTestSpeed - at;
-        Nap();
-        ui->widget_speedometer->setSpeed(static_cast<float>(speed));
-        if (!IsOpen(guard))
-            return false;
-        QCoreApplication::processEvents();
-        if (!IsOpen(guard))
-            return false;
-    }
-    return true;
 }

@@ -4,25 +4,24 @@
 
 #include <QStringList>
 
+#include <atomic>
 #include <condition_variable>
 #include <mutex>
-#include <thread>
 
 /// What the tests and the interfaces of one worker share; outlives both. Its lock is one that
 /// ThreadSanitizer sees.
 class FakeSimulator
 {
 public:
-    bool failConnect = false;
+    std::atomic<bool> failConnect{false};
+    std::atomic<bool> lose{false}; ///< the next operation finds the connection lost
 
-    /// The next operations wait inside until `Open`.
-    void Close()
+    /// While closed, operations wait inside.
+    void SetClosed(bool newClosed)
     {
-        Locked([this] { closed = true; });
-    }
-    void Open()
-    {
-        Locked([this] { closed = false; });
+        const std::lock_guard<std::mutex> lock(mutex);
+        closed = newClosed;
+        changed.notify_all();
     }
     /// Returns once an operation waits inside.
     void WaitForVisitor()
@@ -30,82 +29,38 @@ public:
         std::unique_lock<std::mutex> lock(mutex);
         changed.wait(lock, [this] { return waiting > 0; });
     }
-    /// The next operation finds the connection lost.
-    void LoseConnection()
-    {
-        Locked([this] { lose = true; });
-    }
-
     QStringList Calls()
     {
         const std::lock_guard<std::mutex> lock(mutex);
         return calls;
     }
-    int Living()
-    {
-        const std::lock_guard<std::mutex> lock(mutex);
-        return living;
-    }
-    /// True when an operation ever ran on the thread that made this object.
-    bool RanOnOwnThread()
-    {
-        const std::lock_guard<std::mutex> lock(mutex);
-        return ranOnOwnThread;
-    }
-
-    void Born()
-    {
-        Locked([this] { ++living; });
-    }
-    void Died()
-    {
-        Locked([this] { --living; });
-    }
-    /// Notes the call, and tells whether the connection is lost with it.
-    bool Visit(const QString &call)
+    void Visit(const QString &call)
     {
         std::unique_lock<std::mutex> lock(mutex);
         calls.append(call);
-        ranOnOwnThread = ranOnOwnThread || std::this_thread::get_id() == owner;
         ++waiting;
         changed.notify_all();
         changed.wait(lock, [this] { return !closed; });
         --waiting;
-        const bool lost = lose;
-        lose = false;
-        return lost;
     }
 
 private:
-    template <typename Change>
-    void Locked(Change change)
-    {
-        const std::lock_guard<std::mutex> lock(mutex);
-        change();
-        changed.notify_all();
-    }
-
-    const std::thread::id owner = std::this_thread::get_id();
     std::mutex mutex;
     std::condition_variable changed;
     QStringList calls;
-    int living = 0;
     int waiting = 0;
     bool closed = false;
-    bool lose = false;
-    bool ranOnOwnThread = false;
 };
 
 /// Answers every operation with its name and request, at once.
 class FakeInterface : public TSInterfaceBase
 {
 public:
-    explicit FakeInterface(FakeSimulator &fake) : simulator(fake) { simulator.Born(); }
-    ~FakeInterface() override { simulator.Died(); }
+    explicit FakeInterface(FakeSimulator &fake) : simulator(fake) { }
+    ~FakeInterface() override { simulator.Visit("gone"); }
 
     int Connect(QString &text) override
     {
-        emit sigDebugString("connecting", 0);
         simulator.Visit("Connect " + text);
         text = simulator.failConnect ? ReplyText::ConnectFailed() : ReplyText::Connected();
         return simulator.failConnect ? InterfaceNotConnected : InterfaceOk;
@@ -117,16 +72,10 @@ public:
     }
     int GetTrainData(QString &text) override { return Answer("GetTrainData", text); }
     int GetControllerList(QString &text) override { return Answer("GetControllerList", text); }
-    int GetControllerListValues(QString &text) override
-    {
-        return Answer("GetControllerListValues", text);
-    }
+    int GetControllerListValues(QString &text) override { return Answer("ListValues", text); }
     int GetControllerValues(QString &text) override { return Answer("GetControllerValues", text); }
     int SetControllerValue(QString &text) override { return Answer("SetControllerValue", text); }
-    int WriteTrainDataIntern(QString &text) override
-    {
-        return Answer("WriteTrainDataIntern", text);
-    }
+    int WriteTrainDataIntern(QString &text) override { return Answer("WriteTrainData", text); }
     int GetLocoChanged(QString &text) override { return Answer("GetLocoChanged", text); }
     int GetLocoName(QString &text) override { return Answer("GetLocoName", text); }
 
@@ -136,7 +85,8 @@ private:
         // Swapped in, so that the request's last reference goes in code that ThreadSanitizer sees.
         QString answer = operation + QLatin1Char(' ') + text;
         text.swap(answer);
-        if (simulator.Visit(text))
+        simulator.Visit(text);
+        if (simulator.lose.exchange(false))
             emit sigDisconnected();
         return InterfaceOk;
     }

@@ -25,10 +25,7 @@ private slots:
     void ClosedDuringTheFunctionTest_data();
     void ClosedDuringTheFunctionTest();
     void ClosedDuringANeedleSweep();
-    void NestedPassSeesANewConfiguration();
     void ClosingKeepsTheGeometry();
-    void Intervals_data();
-    void Intervals();
     void WithoutSettingsAndRecords();
 };
 
@@ -63,8 +60,6 @@ void TestMfaLifetime::ClosedDuringTheFunctionTest_data()
     QTest::addColumn<bool>("atOnce");
     QTest::newRow("in the first wait") << 1 << false;
     QTest::newRow("by the first write") << 1 << true;
-    QTest::newRow("in a later wait") << 8 << false;
-    QTest::newRow("by a write without a wait") << 2 << true;
     QTest::newRow("in the needle sweep") << WholeTest.size() << false;
     QTest::newRow("before the needle sweep") << WholeTest.size() << true;
 }
@@ -108,80 +103,14 @@ void TestMfaLifetime::ClosedDuringANeedleSweep()
     }
 }
 
-void TestMfaLifetime::NestedPassSeesANewConfiguration()
-{
-    LocoFixture fixture;
-    fixture.Load("ConfigTyp=1\n" + LocoFixture::Line("PZB_Active", 1)
-                 + LocoFixture::Line("Speedometer", 100) + LocoFixture::Line("LZB_ML_B", 1));
-    WidgetMFA_Railjet window(&fixture.settings, &fixture.train);
-    window.setAttribute(Qt::WA_DeleteOnClose, false);
-    window.SetLocoData(&fixture.loco);
-    // A reply that is handled while the needle moves brings another loco, and the timer a pass.
-    QTimer::singleShot(0, &window, [&] {
-        fixture.Load("ConfigTyp=1\n" + LocoFixture::Line("PZB_Active", 2));
-        window.OnUpdateSecondTimer();
-    });
-    window.OnUpdateSecondTimer();
-    QCOMPARE(TextOf(&window, "label_lm2"), QString());
-    QCOMPARE(TextOf(&window, "label_lm3"), QStringLiteral("70"));
-}
-
 void TestMfaLifetime::ClosingKeepsTheGeometry()
 {
     LocoFixture fixture;
     auto *window = new WidgetMFA_Railjet(&fixture.settings, &fixture.train);
-    const QString title = window->windowTitle();
     window->setGeometry(20, 30, 700, 430);
     window->close();
-    QVERIFY(!fixture.settings.WindowGeometry(title).isEmpty());
     WidgetMFA_Railjet again(&fixture.settings, &fixture.train);
     QCOMPARE(again.size(), QSize(700, 430));
-    WidgetMFA_OEBB8090 other(&fixture.settings, &fixture.train);
-    QVERIFY(other.windowTitle() != title);
-    QCOMPARE(other.size(), QSize(801, 495));
-}
-
-void TestMfaLifetime::Intervals_data()
-{
-    QTest::addColumn<bool>("controlCar");
-    QTest::addColumn<int>("current");
-    QTest::addColumn<int>("atStart");
-    QTest::addColumn<int>("afterPass");
-    QTest::newRow("the settings' interval") << false << 0 << 700 << 700;
-    QTest::newRow("the live interval is followed") << false << 900 << 700 << 900;
-    QTest::newRow("down to 101 ms") << false << 101 << 700 << 101;
-    QTest::newRow("100 ms is too short") << false << 100 << 700 << 700;
-    QTest::newRow("the control car starts with the live one") << true << 900 << 900 << 900;
-    QTest::newRow("and without one with the settings'") << true << 0 << 700 << 700;
-}
-
-void TestMfaLifetime::Intervals()
-{
-    QFETCH(const bool, controlCar);
-    LocoFixture fixture;
-    fixture.settings.SetUpdateInterval(700);
-    QFETCH(const int, current);
-    fixture.settings.currentInterval = current;
-    // The timer is the window's own affair; the test reads it as what it shows to the outside.
-    struct Railjet : WidgetMFA_Railjet
-    {
-        using WidgetMFA::updateTimer;
-        using WidgetMFA_Railjet::WidgetMFA_Railjet;
-    };
-    struct ControlCar : WidgetMFA_OEBB8090
-    {
-        using WidgetMFA::updateTimer;
-        using WidgetMFA_OEBB8090::WidgetMFA_OEBB8090;
-    };
-    Railjet railjet(&fixture.settings, &fixture.train);
-    ControlCar car(&fixture.settings, &fixture.train);
-    WidgetMFA &window = controlCar ? static_cast<WidgetMFA &>(car) : railjet;
-    const QTimer &timer = controlCar ? car.updateTimer : railjet.updateTimer;
-    QVERIFY(timer.isActive());
-    QTEST(timer.interval(), "atStart");
-    window.SetLocoData(&fixture.loco);
-    window.OnUpdateSecondTimer();
-    QTEST(timer.interval(), "afterPass");
 }
 
 void TestMfaLifetime::WithoutSettingsAndRecords()
@@ -197,10 +126,6 @@ void TestMfaLifetime::WithoutSettingsAndRecords()
                "label_funktionstest", "label_dunkel"});
         QVERIFY(window->close());
     }
-    TrainData train; // hour -1
-    WidgetMFA_Railjet unconnected(nullptr, &train);
-    unconnected.OnUpdateSecondTimer();
-    QCOMPARE(TextOf(&unconnected, "label_clock"), QStringLiteral("00:00:00"));
 }
 
 ZUGBLICK_TEST_MAIN(TestMfaLifetime)

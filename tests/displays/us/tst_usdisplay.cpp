@@ -1,21 +1,18 @@
+#include "ClickedLabelUs.h"
 #include "EffortBarUs.h"
-#include "GroupBoxUs.h"
+#include "KabdataSettings.h"
 #include "LocoData.h"
 #include "PaintCounter.h"
-#include "Painted.h"
 #include "SpeedometerUsDigital.h"
 #include "TestMain.h"
 #include "TrainData.h"
-#include "UsKeys.h"
-#include "UsPlans.h"
+#include "UsReadings.h"
 #include "WidgetES44AC.h"
 #include "WidgetMainUsDisplay.h"
-#include "WidgetTrack.h"
 
+#include <QMouseEvent>
 #include <QPointer>
-#include <QPushButton>
 #include <QStackedWidget>
-#include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -33,7 +30,7 @@ QString Reading(const QWidget &window, const QString &name)
     return window.findChild<QLabel *>(name)->text();
 }
 
-void MapAll(LocoData &loco, float value = 0.75F)
+void MapAll(LocoData &loco, float value)
 {
     int id = 0;
     for (const Record record :
@@ -54,17 +51,12 @@ class TestUsDisplay : public QObject
 private slots:
     void functionFeedsItsReading_data();
     void functionFeedsItsReading();
-    void unmappedFunctionLeavesItsReading();
-    void gradeComesFromTheTrain();
-    void hostileValues_data();
+    void throttleNotch();
     void hostileValues();
-    void trackPageRunsWithNothingMapped();
-    void tickOf200Ms();
+    void hostileScaleIsDrawnAtOnce();
     void repeatedTickPaintsNothing();
-    void nothingIsClipped_data();
-    void nothingIsClipped();
-    void frameHoldsTheScreen();
     void closesAndKeepsItsGeometry();
+    void keyMayDieInItsOwnPress();
 };
 
 void TestUsDisplay::functionFeedsItsReading_data()
@@ -81,13 +73,8 @@ void TestUsDisplay::functionFeedsItsReading_data()
     };
     row("loco brake cylinder", &LocoData::LocoBrakeCylinderBar, 38.5F,
         "label_LocoBrakeCylinderPressurePSI", "39");
-    row("main reservoir", &LocoData::HBL, 134.4F, "label_MainReservoirPressure", "134");
-    row("brake pipe", &LocoData::HLL, 88.0F, "label_brake_bp", "88");
-    row("equalizing reservoir", &LocoData::TrainBrakeCylinderBar, 90.0F, "label_brake_er", "90");
     row("speed, rounded", &LocoData::Speedometer, 47.5F, "widget_speed", "48");
-    row("throttle", &LocoData::Zugkraftvorwahl, 0.2F, "label_throttle", "2");
     row("reverser", &LocoData::Reverser, -1.0F, "label_reverser", "REV");
-    row("a reverser at 0.9 is cut to 0", &LocoData::Reverser, 0.9F, "label_reverser", "CNTR");
     row("effort", &LocoData::Beschleunigungsmesser, -60.4F, "label_effort", "-60");
 }
 
@@ -108,96 +95,57 @@ void TestUsDisplay::functionFeedsItsReading()
     QTEST(Reading(window, reading), "text");
 }
 
-void TestUsDisplay::unmappedFunctionLeavesItsReading()
+void TestUsDisplay::throttleNotch()
 {
-    LocoData loco;
-    loco.Speedometer.value = 80.0F;
-    loco.HLL.value = 88.0F;
-    loco.Reverser.value = 1.0F;
-    WidgetMainUsDisplay window(nullptr, nullptr, &loco, false);
-    window.OnUpdateTimer();
-    QCOMPARE(Reading(window, QStringLiteral("widget_speed")), QStringLiteral("0"));
-    QCOMPARE(Reading(window, QStringLiteral("label_brake_bp")), QStringLiteral("--"));
-    QCOMPARE(Reading(window, QStringLiteral("label_reverser")), QStringLiteral("--"));
-}
-
-void TestUsDisplay::gradeComesFromTheTrain()
-{
-    LocoData loco;
-    TrainData train;
-    train.simValue404 = -0.0125F;
-    WidgetMainUsDisplay window(nullptr, &train, nullptr, false);
-    window.OnUpdateTimer();
-    QCOMPARE(Reading(window, QStringLiteral("label_slope")), QStringLiteral("--"));
-    window.SetLocoData(&loco);
-    window.OnUpdateTimer();
-    QCOMPARE(Reading(window, QStringLiteral("label_slope")), QStringLiteral("-12.50%"));
-}
-
-void TestUsDisplay::hostileValues_data()
-{
-    QTest::addColumn<float>("value");
-    QTest::newRow("no number") << std::numeric_limits<float>::quiet_NaN();
-    QTest::newRow("endless") << std::numeric_limits<float>::infinity();
-    QTest::newRow("huge") << std::numeric_limits<float>::max();
-    QTest::newRow("hugely negative") << std::numeric_limits<float>::lowest();
+    QCOMPARE(ThrottleText(-0.5), QStringLiteral("IDLE"));
+    QCOMPARE(ThrottleText(0.01), QStringLiteral("1"));
+    QCOMPARE(ThrottleText(0.2), QStringLiteral("IDLE")); // falls between the tests
+    QCOMPARE(ThrottleText(static_cast<double>(0.2F)), QStringLiteral("2")); // as it is sent
+    QCOMPARE(ThrottleText(0.91), QStringLiteral("8"));
 }
 
 void TestUsDisplay::hostileValues()
 {
-    QFETCH(float, value);
-    LocoData loco;
-    MapAll(loco);
-    for (const Record record :
-         {&LocoData::LocoBrakeCylinderBar, &LocoData::HBL, &LocoData::HLL, &LocoData::Speedometer,
-          &LocoData::Reverser, &LocoData::Zugkraftvorwahl, &LocoData::Beschleunigungsmesser})
-        (loco.*record).value = value;
-    TrainData train;
-    train.simValue404 = value;
-    train.latitude = value;
-    WidgetMainUsDisplay window(nullptr, &train, &loco, false);
-    const int width = window.minimumSizeHint().width();
-    window.show();
-    for (int page = MainPage; page <= TrackList; ++page) {
-        window.findChild<QStackedWidget *>()->setCurrentIndex(page);
-        window.OnUpdateTimer();
-        QVERIFY(!window.grab().isNull());
+    for (const float value :
+         {std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::max()}) {
+        LocoData loco;
+        MapAll(loco, value);
+        TrainData train;
+        train.simValue404 = value;
+        train.latitude = value;
+        WidgetMainUsDisplay window(nullptr, &train, &loco, false);
+        for (int page = MainPage; page <= TrackList; ++page) {
+            window.findChild<QStackedWidget *>()->setCurrentIndex(page);
+            window.OnUpdateTimer();
+            QVERIFY(!window.grab().isNull());
+        }
+        QCOMPARE(Reading(window, QStringLiteral("label_reverser")), QStringLiteral("CNTR"));
     }
-    QCOMPARE(Reading(window, QStringLiteral("label_reverser")), QStringLiteral("CNTR"));
-    QCOMPARE(window.minimumSizeHint().width(), width);
 }
 
-void TestUsDisplay::trackPageRunsWithNothingMapped()
+/// A scale that a loop over its labels would never finish.
+void TestUsDisplay::hostileScaleIsDrawnAtOnce()
 {
-    PlanFolder work;
-    work.TimeTable(QStringLiteral("a.tfp"),
-                   {PlanRow(0, QStringLiteral("A")), PlanRow(1, QStringLiteral("B"))});
-    LocoData loco;
-    TrainData train;
-    WidgetMainUsDisplay window(&work.settings, &train, &loco, false);
-    OpenList(window);
-    window.findChild<QTableWidget *>()->selectRow(0);
-    QVERIFY(Press(window, kLoad));
-    window.OnUpdateTimer();
-    QCOMPARE(Reading(window, QStringLiteral("label_trackname")), QStringLiteral("Line"));
-}
-
-void TestUsDisplay::tickOf200Ms()
-{
-    QTemporaryDir folder;
-    KabdataSettings settings(folder.filePath(QStringLiteral("kabdata.ini")));
-    settings.SetUpdateInterval(7);
-    LocoData loco;
-    MapAll(loco);
-    const WidgetMainUsDisplay window(&settings, nullptr, &loco, false);
-    QCOMPARE(window.findChild<QTimer *>()->interval(), 200);
-    QTRY_COMPARE(Reading(window, QStringLiteral("label_throttle")), QStringLiteral("6"));
+    const QVector<QPair<int, double>> scales{{0, 10.0},
+                                             {-100, 10.0},
+                                             {100, 0.0},
+                                             {100, 1e-300},
+                                             {std::numeric_limits<int>::max(), 10.0}};
+    for (const auto &[maxSpeed, labelStep] : scales) {
+        SpeedometerUsDigital dial;
+        dial.resize(200, 120);
+        dial.maxSpeed = maxSpeed;
+        dial.labelStep = labelStep;
+        dial.setValue(-std::numeric_limits<double>::infinity());
+        QCOMPARE(dial.value, 0.0);
+        QVERIFY(!dial.grab().isNull());
+    }
 }
 
 void TestUsDisplay::repeatedTickPaintsNothing()
 {
     LocoData loco;
-    MapAll(loco);
+    MapAll(loco, 0.75F);
     TrainData train;
     WidgetMainUsDisplay window(nullptr, &train, &loco, false);
     window.setAttribute(Qt::WA_DeleteOnClose, false);
@@ -216,78 +164,6 @@ void TestUsDisplay::repeatedTickPaintsNothing()
     QTRY_VERIFY(counter.paints > 0);
 }
 
-void TestUsDisplay::nothingIsClipped_data()
-{
-    QTest::addColumn<QSize>("size");
-    QTest::newRow("smallest") << QSize(800, 520);
-    QTest::newRow("one and a half") << QSize(1200, 780);
-    QTest::newRow("twice") << QSize(1600, 1040);
-    QTest::newRow("high") << QSize(800, 1040);
-}
-
-void TestUsDisplay::nothingIsClipped()
-{
-    QFETCH(QSize, size);
-    LocoData loco;
-    MapAll(loco);
-    loco.HBL.value = 134.0F;
-    loco.Zugkraftvorwahl.value = 0.0F; // "IDLE", its longest
-    loco.Reverser.value = 0.0F; // "CNTR"
-    TrainData train;
-    train.simValue404 = -0.0305F;
-    WidgetMainUsDisplay window(nullptr, &train, &loco, false);
-    window.setAttribute(Qt::WA_DeleteOnClose, false);
-    window.resize(size);
-    window.show();
-    window.OnUpdateTimer();
-    auto *stack = window.findChild<QStackedWidget *>();
-    for (int page = MainPage; page <= TrackPage; ++page) {
-        stack->setCurrentIndex(page);
-        QVERIFY(!window.grab().isNull());
-        const auto labels = stack->currentWidget()->findChildren<QLabel *>();
-        for (const QLabel *label : labels) {
-            const QFontMetrics metrics = label->fontMetrics();
-            QVERIFY2(metrics.horizontalAdvance(label->text()) <= label->width()
-                         && metrics.height() <= label->height() + 1,
-                     qPrintable(label->objectName()));
-        }
-        const auto boxes = stack->currentWidget()->findChildren<GroupBoxUs *>();
-        for (const GroupBoxUs *box : boxes) {
-            QVERIFY2(box->fontMetrics().horizontalAdvance(box->title()) <= box->width() - 24,
-                     qPrintable(box->objectName()));
-            QVERIFY(window.rect().contains(QRect(box->mapTo(&window, QPoint()), box->size())));
-        }
-    }
-    QVERIFY(window.findChild<WidgetTrack *>()->height() >= 340);
-}
-
-void TestUsDisplay::frameHoldsTheScreen()
-{
-    LocoData loco;
-    MapAll(loco);
-    WidgetMainUsDisplay window(nullptr, nullptr, &loco, true);
-    window.setAttribute(Qt::WA_DeleteOnClose, false);
-    window.show();
-    WidgetMainUsDisplay bare(nullptr, nullptr, nullptr, false);
-    QCOMPARE(bare.findChild<WidgetES44AC *>()->size(), bare.size());
-    const auto *content = window.findChild<QWidget *>(QStringLiteral("widget_content"));
-    const auto *screen = window.findChild<WidgetES44AC *>();
-    QCOMPARE(screen->parentWidget(), content);
-    QCOMPARE(screen->size(), content->size());
-    const QImage dial = Painted(*window.findChild<SpeedometerUsDigital *>());
-    QVERIFY2(dial.pixelColor(0, 0) == QColor(Qt::black), "the frame's colours stay outside");
-    window.resize(1400, 900);
-    QCOMPARE(screen->size(), content->size());
-    QVERIFY(screen->width() > 1200);
-    QStringList keys;
-    const auto buttons = window.findChildren<QPushButton *>();
-    for (const QPushButton *button : buttons)
-        keys.append(button->text());
-    QCOMPARE(
-        keys,
-        QStringList({QStringLiteral("HELP"), QStringLiteral("MENU"), QStringLiteral("☼\n-\n☀")}));
-}
-
 void TestUsDisplay::closesAndKeepsItsGeometry()
 {
     QTemporaryDir folder;
@@ -301,7 +177,16 @@ void TestUsDisplay::closesAndKeepsItsGeometry()
     QTRY_VERIFY(window.isNull());
     const WidgetMainUsDisplay next(&settings, nullptr, nullptr, false);
     QCOMPARE(next.size(), QSize(900, 600));
-    QVERIFY(!next.windowIcon().isNull());
+}
+
+void TestUsDisplay::keyMayDieInItsOwnPress()
+{
+    QPointer<ClickedLabelUs> key = new ClickedLabelUs;
+    connect(key, &ClickedLabelUs::clicked, [&key] { delete key.data(); });
+    QMouseEvent press(QEvent::MouseButtonPress, QPointF(1, 1), Qt::LeftButton, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(key, &press);
+    QVERIFY(key.isNull());
+    QVERIFY(press.isAccepted());
 }
 
 ZUGBLICK_TEST_MAIN(TestUsDisplay)
