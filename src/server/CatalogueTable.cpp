@@ -70,7 +70,7 @@ void SetUpColumns(QTableWidget &table, int type)
     if (widest != 2) {
         table.setColumnWidth(2,
                              metrics.horizontalAdvance(QStringLiteral("Köln - Koblenz - Bingen")));
-        table.setColumnWidth(6, metrics.horizontalAdvance(QStringLiteral("Rheintal, Winter")));
+        table.setColumnWidth(6, metrics.horizontalAdvance(QStringLiteral("Rheintal im Winter_")));
     }
 }
 

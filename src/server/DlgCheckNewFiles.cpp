@@ -204,7 +204,7 @@ void DlgCheckNewFiles::OnCheckBoxFilter()
 void DlgCheckNewFiles::ShowSummary()
 {
     const int type = ShownType();
-    ui->label_status->setText(QStringLiteral("%1 Dateien, %2 neu, %3 update")
+    ui->label_status->setText(QStringLiteral("%1\u00a0Dateien, %2\u00a0neu, %3\u00a0update")
                                   .arg(ui->tableWidget->rowCount())
                                   .arg(CountState(entries, type, FileNew))
                                   .arg(CountState(entries, type, FileUpdate)));

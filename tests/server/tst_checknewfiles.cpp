@@ -52,6 +52,7 @@ private slots:
     void installsWhatIsTicked();
     void aFailedCatalogueLeavesTheTable_data();
     void aFailedCatalogueLeavesTheTable();
+    void aRefusingServerEndsInOneMessage();
     void withoutAServerNothingIsRequested();
     void brokenXmlKeepsWhatCameBefore();
     void aFailedDownloadCostsNothing_data();
@@ -263,6 +264,20 @@ void TestCheckNewFiles::aFailedCatalogueLeavesTheTable()
     Child<QPushButton>("pushButton_checkstart")->click();
     QTRY_COMPARE(Table()->rowCount(), 0);
     QCOMPARE(dialogs->boxes.size(), 3);
+}
+
+void TestCheckNewFiles::aRefusingServerEndsInOneMessage()
+{
+    web->Refuse();
+    dialogs->answers = {Answer::Yes};
+    dialog->show();
+    QTRY_COMPARE(dialogs->boxes.size(), 2);
+    QVERIFY2(dialogs->boxes[1].text.startsWith("Network error: 1\n"),
+             qPrintable(dialogs->boxes[1].text));
+    // What stays open until the next operation no longer claims to wait.
+    auto *progress = dialog->findChild<QProgressDialog *>();
+    QVERIFY(progress && !progress->labelText().startsWith("wait..."));
+    QCOMPARE(Table()->rowCount(), 0);
 }
 
 void TestCheckNewFiles::withoutAServerNothingIsRequested()
