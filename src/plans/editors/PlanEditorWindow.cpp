@@ -179,9 +179,11 @@ void PlanEditorWindow::OnAllEntrysReverse()
 int PlanEditorWindow::ChooseFrom(const QVector<PlanMenuEntry> &entries,
                                  const QPoint &globalPosition) const
 {
+    // A copy: the window may go while its menu is open, and what runs then must not go with it.
+    const auto choose = outside.chooseFromMenu;
     return entries.isEmpty()
         ? -1
-        : outside.chooseFromMenu(const_cast<PlanEditorWindow *>(this), entries, globalPosition);
+        : choose(const_cast<PlanEditorWindow *>(this), entries, globalPosition);
 }
 
 void PlanEditorWindow::OnContextMenuEvent(QPoint pos)
