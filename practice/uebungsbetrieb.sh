@@ -30,13 +30,17 @@ mkdir -p "$work" "$XDG_DATA_HOME/Zugblick"
 cp -Rn "$samples/." "$work/"
 chmod -R u+w "$work"
 
+bridge=
+shown=
+trap 'kill $shown $bridge 2>/dev/null || true' EXIT
+trap 'exit 1' INT TERM
+
 # Serves over TCP and the web, on any free ports, and sets `port` and `web` to what it says.
 start_bridge() {
     said=$home/practice.out
     : > "$said"
     "$practice" --port 0 --web-port 0 --workfolder "$work" "$@" > "$said" &
     bridge=$!
-    trap 'kill "$bridge" 2>/dev/null || true' EXIT INT TERM
     tries=0
     until port=$(sed -n 's/^listening on //p' "$said") && grep -q '^web on ' "$said"; do
         kill -0 "$bridge" 2>/dev/null || {
@@ -89,4 +93,10 @@ name=practice
 hash=practice
 INI
 
-"$zugblick"
+# In the background, so that a signal to this script is heard while the window stands.
+"$zugblick" &
+shown=$!
+status=0
+wait "$shown" || status=$?
+shown=
+exit "$status"
