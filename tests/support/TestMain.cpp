@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QFont>
 #include <QStandardPaths>
 
 namespace {
@@ -18,12 +19,22 @@ void KeepUserFilesAway(const char *program)
     QStandardPaths::setTestModeEnabled(true);
     QCoreApplication::setOrganizationName(QFileInfo(QString::fromLocal8Bit(program)).baseName());
 }
+
+/// The offscreen platform finds faces in a folder on Windows, and no stand-in for one that it
+/// lacks.
+void NameFaces()
+{
+#ifdef Q_OS_WIN
+    QFont::insertSubstitution(QStringLiteral("Arial"), QStringLiteral("Liberation Sans"));
+#endif
+}
 } // namespace
 
 int RunTest(QObject &test, int argc, char **argv)
 {
     QCoreApplication::setApplicationName(QStringLiteral("Zugblick"));
     KeepUserFilesAway(argv[0]);
+    NameFaces();
     InitResources();
     return QTest::qExec(&test, argc, argv);
 }
