@@ -1,17 +1,16 @@
 #!/bin/sh
-# Installs what packages.txt, or the list named first, names and the system lacks: as root, or
+# Installs what packages.txt, and each list given beside it, names and the system lacks: as root, or
 # through sudo. Without either it prints the one line that does it, and fails.
 set -eu
 here=$(cd "$(dirname "$0")" && pwd)
-list=${1:-$here/packages.txt}
 
 if ! command -v dpkg-query >/dev/null 2>&1; then
-    echo "This is no Debian system. Install the counterparts of $list by hand." >&2
+    echo "This is no Debian system. Install the counterparts of $here/packages.txt by hand." >&2
     exit 0
 fi
 
 missing=
-for package in $(sed 's/#.*//' "$list"); do
+for package in $(sed 's/#.*//' "$here/packages.txt" "$@"); do
     status=$(dpkg-query -W -f='${Status}' "$package" 2>/dev/null || true)
     case $status in
         *" installed") ;;
