@@ -108,6 +108,15 @@ int Run(QCoreApplication &app, const Options &options)
     return QCoreApplication::exec();
 }
 
+/// Only the Zugblick in front runs; the train is in its process.
+int RunDirect(QCoreApplication &app, const Options &options)
+{
+    Front front(options.front, options.workFolder);
+    QObject::connect(&front, &Front::sigEnded, &app, &QCoreApplication::exit, Qt::QueuedConnection);
+    front.StartDirect(options.trainArguments);
+    return QCoreApplication::exec();
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -136,5 +145,5 @@ int main(int argc, char **argv)
         if (failed != 0 || options.mode == Options::WriteFolder)
             return failed;
     }
-    return Run(app, options);
+    return options.direct ? RunDirect(app, options) : Run(app, options);
 }
