@@ -76,6 +76,7 @@ void TestValueRule::lzbDistanceComesFromWhatIsAssigned_data()
     QTest::newRow("kilometres that no binary fraction hits")
         << QByteArray("ConfigTyp=5\nLZBDistance=1:x:2.3:0:0:0:0:0\n") << 2300;
     QTest::newRow("kilometres and hundreds") << two + hundreds << 2300;
+    QTest::newRow("hundreds alone tell nothing") << "ConfigTyp=5\n" + hundreds << 9900;
     QTest::newRow("the bar replaces both") << two + hundreds + "LZBBalken=1:x:7:0:0:0:0:0\n" << 700;
     QTest::newRow("a full bar tells nothing") << two + "LZBBalken=1:x:40:0:0:0:0:0\n" << 2000;
 }
