@@ -56,7 +56,6 @@ private slots:
     void init();
     void cleanup();
 
-    void reads_data();
     void reads();
     void chunksLeaveNoSeam();
     void aToolThatNeverEndsEndsWithTheWindow();
@@ -92,41 +91,36 @@ void TestOsmImport::cleanup()
     QFile::remove(output);
 }
 
-void TestOsmImport::reads_data()
-{
-    QTest::addColumn<QByteArray>("xml");
-    QTest::addColumn<QString>("expected");
-    const QByteArray way = "<way id='9'>";
-
-    QTest::newRow("a missing attribute keeps the value of the node before, a malformed one is 0")
-        << QByteArray("<osm><node id='1' lat='2' lon='3' version='4'/><node id='x' lat='2,5'/>"
-                      "<way id='5'><nd ref='1'/><nd ref='7'/></way></osm>")
-        << "1@2,3/4 0@0,3/4 5[1 7 ]0,0";
-    QTest::newRow("an id beyond 32 bits is 0, and a reference to it is skipped")
-        << QByteArray("<osm><node id='3000000000' lat='1' lon='1'/>"
-                      "<way id='1'><nd ref='3000000000'/><nd ref='0'/><nd ref='6'/></way></osm>")
-        << "0@1,1/0 1[6 ]0,0";
-    QTest::newRow("kind and status come from any key, and the last tag of a field wins")
-        << way
-            + "<tag k='usage' v='abandoned'/><tag k='x' v='disused'/><tag k='a' v='industrial'/>"
-              "<tag k='a' v='branch'/><tag k='a'/><tag v='main'/></way>"
-        << "9[]3,1";
-    QTest::newRow("what stands in the wrong place counts for nothing")
-        << "<osm><nd ref='1'/><node id='1' lat='1' lon='1'><tag k='a' v='disused'/></node>" + way
-            + "<node id='1' lat='1' lon='1'/><nd ref='2'/></way></osm>"
-        << "1@1,1/0 9[2 ]0,0";
-    QTest::newRow("lines are joined without a blank, which ends at a broken tag")
-        << QByteArray("<osm><node id='1'\r\n  lat='1' lon='1'/>\n<node id='2'\nlat='2'/></osm>")
-        << "1@1,1/0";
-    QTest::newRow("a way cut off by an error is kept")
-        << way + "<nd ref='1'/><tag k='a' v='branch'/><nd ref=2/></way>"
-        << "9[1 ]0,1";
-}
-
 void TestOsmImport::reads()
 {
-    QFETCH(QByteArray, xml);
-    QTEST(Summary(Read(xml)), "expected");
+    const struct
+    {
+        QByteArray xml;
+        QString summary;
+    } rows[] = {
+        // A missing attribute keeps the value of the node before, a malformed one is 0.
+        {"<osm><node id='1' lat='2' lon='3' version='4'/><node id='x' lat='2,5'/>"
+         "<way id='5'><nd ref='1'/><nd ref='7'/></way></osm>",
+         "1@2,3/4 0@0,3/4 5[1 7 ]0,0"},
+        // An id beyond 32 bits is 0, and a reference to it is skipped.
+        {"<osm><node id='3000000000' lat='1' lon='1'/>"
+         "<way id='1'><nd ref='3000000000'/><nd ref='0'/><nd ref='6'/></way></osm>",
+         "0@1,1/0 1[6 ]0,0"},
+        // Kind and status come from any key, and the last tag of a field wins.
+        {"<way id='9'><tag k='usage' v='abandoned'/><tag k='x' v='disused'/>"
+         "<tag k='a' v='industrial'/><tag k='a' v='branch'/><tag k='a'/><tag v='main'/></way>",
+         "9[]3,1"},
+        // What stands in the wrong place counts for nothing.
+        {"<osm><nd ref='1'/><node id='1' lat='1' lon='1'><tag k='a' v='disused'/></node>"
+         "<way id='9'><node id='1' lat='1' lon='1'/><nd ref='2'/></way></osm>",
+         "1@1,1/0 9[2 ]0,0"},
+        // Lines are joined without a blank, which ends at a broken tag.
+        {"<osm><node id='1'\r\n  lat='1' lon='1'/>\n<node id='2'\nlat='2'/></osm>", "1@1,1/0"},
+        // A way cut off by an error is kept.
+        {"<way id='9'><nd ref='1'/><tag k='a' v='branch'/><nd ref=2/></way>", "9[1 ]0,1"},
+    };
+    for (const auto &row : rows)
+        QCOMPARE(Summary(Read(row.xml)), row.summary);
 }
 
 void TestOsmImport::chunksLeaveNoSeam()

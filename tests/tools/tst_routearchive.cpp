@@ -1,12 +1,15 @@
 #include "RouteArchive.h"
 #include "RouteProperties.h"
 #include "TestMain.h"
-#include "ZipMaker.h"
 
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
 #include <QTemporaryDir>
+
+#include <quazip/quazip.h>
+#include <quazip/quazipfile.h>
+#include <quazip/quazipnewinfo.h>
 
 #include <memory>
 
@@ -17,6 +20,35 @@ QByteArray Content(const QString &path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
+}
+
+/// An entry of an archive. The name goes in as it stands, however hostile.
+struct ZipEntry
+{
+    QString name;
+    QByteArray content = QByteArray("content");
+    bool isLink = false;
+};
+
+bool MakeZip(const QString &path, const QVector<ZipEntry> &entries)
+{
+    QuaZip zip(path);
+    zip.setUtf8Enabled(true);
+    if (!zip.open(QuaZip::mdCreate))
+        return false;
+    for (const ZipEntry &entry : entries) {
+        QuaZipNewInfo info(entry.name);
+        constexpr quint32 kLink = 0120777U;
+        constexpr quint32 kPlain = 0100644U;
+        info.externalAttr = (entry.isLink ? kLink : kPlain) << 16U;
+        QuaZipFile file(&zip);
+        if (!file.open(QIODevice::WriteOnly, info)
+            || file.write(entry.content) != entry.content.size())
+            return false;
+        file.close();
+    }
+    zip.close();
+    return zip.getZipError() == 0;
 }
 
 /// Everything below the folder, links included.
@@ -42,9 +74,8 @@ private slots:
     void takesEntriesUpToTheFirstProperties_data();
     void takesEntriesUpToTheFirstProperties();
     void hostileEntriesArePassedOver();
-    void unreadableEntriesArePassedOver();
+    void aBombIsPassedOver();
     void anArchiveCutOrSpoiltAnywhereDoesNoHarm();
-    void readsNames_data();
     void readsNames();
 
 private:
@@ -69,32 +100,24 @@ void TestRouteArchive::init()
 
 void TestRouteArchive::takesEntriesUpToTheFirstProperties_data()
 {
-    QTest::addColumn<QStringList>("filters");
     QTest::addColumn<QStringList>("entries");
     QTest::addColumn<QStringList>("expected");
-
-    const QStringList filters{kName};
-    QTest::newRow("without a filter, folders included")
-        << QStringList() << QStringList{"a/", "a/b.bin", kName, "never"}
-        << QStringList{kName, "a", "a/b.bin"};
     QTest::newRow("a backup copy passes the filter and ends the work")
-        << filters << QStringList{"other", kName + ".bak", kName} << QStringList{kName + ".bak"};
+        << QStringList{"other", kName + ".bak", kName} << QStringList{kName + ".bak"};
     QTest::newRow("an entry in a folder that is not there ends the work without a file")
-        << filters << QStringList{"Sub/" + kName, kName} << QStringList{};
+        << QStringList{"Sub/" + kName, kName} << QStringList{};
     QTest::newRow("a folder of that name is made and does not count")
-        << filters << QStringList{kName + '/', "Köln" + kName}
-        << QStringList{"Köln" + kName, kName};
+        << QStringList{kName + '/', "Köln" + kName} << QStringList{"Köln" + kName, kName};
 }
 
 void TestRouteArchive::takesEntriesUpToTheFirstProperties()
 {
-    QFETCH(QStringList, filters);
     QFETCH(QStringList, entries);
     QVector<ZipEntry> rows;
     for (const QString &name : qAsConst(entries))
         rows.append({name});
     QVERIFY(MakeZip(archive, rows));
-    QVERIFY(ExtractFromArchive(archive, target, filters));
+    QVERIFY(ExtractFromArchive(archive, target, {kName}));
     QTEST(Everything(target), "expected");
 }
 
@@ -117,11 +140,10 @@ void TestRouteArchive::hostileEntriesArePassedOver()
     QVERIFY(!QFile::exists('/' + kName));
 }
 
-void TestRouteArchive::unreadableEntriesArePassedOver()
+void TestRouteArchive::aBombIsPassedOver()
 {
     const QByteArray bomb(int(kLargestProperties) + 1, '\0');
-    QVERIFY(MakeZip(archive, {{"Spoilt" + kName}, {"Bomb" + kName, bomb}, {kName, "good"}}));
-    QVERIFY(SpoilFirstSum(archive));
+    QVERIFY(MakeZip(archive, {{"Bomb" + kName, bomb}, {kName, "good"}}));
     QVERIFY(ExtractFromArchive(archive, target, {kName}));
     QCOMPARE(Everything(target), QStringList{kName});
 }
@@ -143,44 +165,36 @@ void TestRouteArchive::anArchiveCutOrSpoiltAnywhereDoesNoHarm()
     }
 }
 
-void TestRouteArchive::readsNames_data()
-{
-    QTest::addColumn<QByteArray>("xml");
-    QTest::addColumn<bool>("ok");
-    QTest::addColumn<QString>("route");
-    QTest::addColumn<QString>("scenario"); // name and description
-
-    QTest::newRow("German comes later and wins; a route takes it from anywhere") << QByteArray(
-        "<r><DisplayName><English>Cologne</English><German>Köln</German></DisplayName>"
-        "<Description><English>By night</English></Description>"
-        "<Briefing><German>Outside</German></Briefing></r>") << true << "Outside"
-                                                                                 << "Köln|By night";
-    QTest::newRow("two characters are no name")
-        << QByteArray("<r><DisplayName><English>Hamburg</English><German>HH</German></DisplayName>"
-                      "</r>")
-        << true << "Hamburg"
-        << "Hamburg|";
-    QTest::newRow("an element inside the name spoils the file")
-        << QByteArray("<r><DisplayName><German>Köln<b/></German></DisplayName></r>") << false << ""
-        << "|";
-    QTest::newRow("cut off inside the name")
-        << QByteArray("<r><DisplayName><German>Köln</German><Eng") << false << "Köln"
-        << "Köln|";
-    QTest::newRow("an empty file") << QByteArray() << false << ""
-                                   << "|";
-}
-
 void TestRouteArchive::readsNames()
 {
-    QFETCH(QByteArray, xml);
-    QFETCH(bool, ok);
-    const QString path = Write(xml);
-    QString route;
-    ScenarioInfo scenario;
-    QCOMPARE(ReadRouteProperties(path, route), ok);
-    QTEST(route, "route");
-    QCOMPARE(ReadScenarioProperties(path, scenario), ok);
-    QTEST(scenario.displayName + '|' + scenario.description, "scenario");
+    const struct
+    {
+        QByteArray xml;
+        bool ok;
+        QString route;
+        QString scenario; ///< name and description
+    } rows[] = {
+        // German comes later and wins, and a route takes it from anywhere.
+        {"<r><DisplayName><English>Cologne</English><German>Köln</German></DisplayName>"
+         "<Description><English>By night</English></Description>"
+         "<Briefing><German>Outside</German></Briefing></r>",
+         true, "Outside", "Köln|By night"},
+        // Two characters are no name.
+        {"<r><DisplayName><English>Hamburg</English><German>HH</German></DisplayName></r>", true,
+         "Hamburg", "Hamburg|"},
+        {"<r><DisplayName><German>Köln<b/></German></DisplayName></r>", false, "", "|"},
+        {"<r><DisplayName><German>Köln</German><Eng", false, "Köln", "Köln|"},
+        {"", false, "", "|"},
+    };
+    for (const auto &row : rows) {
+        const QString path = Write(row.xml);
+        QString route;
+        ScenarioInfo scenario;
+        QCOMPARE(ReadRouteProperties(path, route), row.ok);
+        QCOMPARE(route, row.route);
+        QCOMPARE(ReadScenarioProperties(path, scenario), row.ok);
+        QCOMPARE(scenario.displayName + '|' + scenario.description, row.scenario);
+    }
 }
 
 ZUGBLICK_TEST_MAIN(TestRouteArchive)

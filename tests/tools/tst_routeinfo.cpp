@@ -4,7 +4,6 @@
 #include "RouteImport.h"
 #include "ScriptedDialogs.h"
 #include "TestMain.h"
-#include "ZipMaker.h"
 
 #include <QDir>
 #include <QListWidget>
@@ -24,8 +23,8 @@ private slots:
     void init();
     void cleanup();
 
-    void listsUnpackedAndPackedRoutes();
-    void listsThePracticeSimulatorAndItsScenarios();
+    void listsWhatHasAName();
+    void listsPackedRoutesAndScenarios();
     void theScanEndsWithItsDialogs();
     void withoutSimulatorNothingIsListed();
 
@@ -77,38 +76,23 @@ void TestRouteInfo::cleanup()
     delete dialog.data();
 }
 
-void TestRouteInfo::listsUnpackedAndPackedRoutes()
+void TestRouteInfo::listsWhatHasAName()
 {
     WriteRoute("a-plain", "Köln-Koblenz");
-    QVERIFY(QDir().mkpath(routes + "b-packed"));
-    const QString archive = routes + "b-packed/MainContent.ap";
-    QVERIFY(MakeZip(archive,
-                    {{"../RouteProperties.xml", "<r><German>Elsewhere</German></r>"},
-                     {"RouteProperties.xml", "<r><German>Semmering</German></r>"}}));
-    QVERIFY(QDir().mkpath(routes + "c-neither"));
-    WriteRoute("d-broken", "<German>");
-    WriteRoute("e-short", "ab");
-
+    QVERIFY(QDir().mkpath(routes + "b-neither"));
+    WriteRoute("c-broken", "<German>");
+    WriteRoute("d-short", "ab");
     dialog->show();
-    const QStringList expected{"Köln-Koblenz", "Semmering", ""};
+    const QStringList expected{"Köln-Koblenz", ""};
     QTRY_COMPARE(Texts("listWidget_routeName"), expected); // by itself
     QTRY_VERIFY(dialog->findChild<QProgressDialog *>() == nullptr);
-    QCOMPARE(Route("Semmering")->toolTip(), routes + "b-packed");
-    const QString scratch = QCoreApplication::applicationDirPath() + "/tmp";
-    QVERIFY(QFileInfo(scratch + "/Routes").isDir());
-    QVERIFY(!QFileInfo::exists(scratch + "/routes/RouteProperties.xml"));
-
-    // A click on a packed route only asks, and what was unpacked serves when it breaks.
-    dialogs->answers = {UserDialogs::Answer::Yes};
-    dialog->OnRouteItemClicked(Route("Semmering"));
-    QCOMPARE(dialogs->boxes.size(), 1);
-    QVERIFY(dialogs->boxes.first().text.startsWith("Das Scenario konnte nicht geladen werden.\n"));
-    QVERIFY(QFile::resize(archive, 10));
-    dialog->OpenFolders();
-    QCOMPARE(Texts("listWidget_routeName"), expected + expected);
+    QVERIFY(QFileInfo(QCoreApplication::applicationDirPath() + "/tmp/Routes").isDir());
+    dialog->OnRouteItemClicked(Route("Köln-Koblenz"));
+    QVERIFY(Texts("listWidget_scenarios").isEmpty());
+    QVERIFY(dialogs->boxes.isEmpty());
 }
 
-void TestRouteInfo::listsThePracticeSimulatorAndItsScenarios()
+void TestRouteInfo::listsPackedRoutesAndScenarios()
 {
     settings->SetSimulatorPath(QStringLiteral(PRACTICE_SIMULATOR));
     dialog->show();
@@ -120,6 +104,11 @@ void TestRouteInfo::listsThePracticeSimulatorAndItsScenarios()
     dialog->OnRouteItemClicked(nullptr);
     QCOMPARE(Texts("listWidget_scenarios").size(), 3);
     LeavePicture(*dialog, "routeinfo");
+    dialogs->answers = {UserDialogs::Answer::Yes};
+    dialog->OnRouteItemClicked(Route("Ahrtalbahn"));
+    QCOMPARE(dialogs->boxes.size(), 1); // and whatever the answer
+    QVERIFY(dialogs->boxes[0].text.startsWith("Das Scenario konnte nicht geladen werden.\n"));
+    QVERIFY(Texts("listWidget_scenarios").isEmpty());
 }
 
 void TestRouteInfo::theScanEndsWithItsDialogs()
@@ -155,10 +144,9 @@ void TestRouteInfo::withoutSimulatorNothingIsListed()
     settings->SetSimulatorPath(QString());
     dialog->OpenFolders();
     RouteImport::BrowseSimulator(nullptr, settings.get());
-    QCOMPARE(dialogs->BoxTexts(),
-             (QStringList{"Path Train Simulator not found",
-                          "Path to Train Simulator not found.\n"
-                          "Please open Setting dialog and set path to train simulator."}));
+    QCOMPARE(dialogs->boxes.size(), 2);
+    QCOMPARE(dialogs->boxes[0].text, QString("Path Train Simulator not found"));
+    QCOMPARE(dialogs->boxes[1].title, QString("Path to Train Simulator"));
 }
 
 ZUGBLICK_TEST_MAIN(TestRouteInfo)
