@@ -72,7 +72,6 @@ private:
     std::unique_ptr<ScriptedDialogs> dialogs;
     std::unique_ptr<QTemporaryDir> folder;
     QString output;
-    QByteArray searchPath;
 };
 
 void TestOsmImport::init()
@@ -81,13 +80,11 @@ void TestOsmImport::init()
     folder = std::make_unique<QTemporaryDir>();
     output = QCoreApplication::applicationDirPath() + "/railways.osm";
     QFile::remove(output);
-    searchPath = qgetenv("PATH");
 }
 
 void TestOsmImport::cleanup()
 {
     dialogs.reset();
-    qputenv("PATH", searchPath);
     QFile::remove(output);
 }
 
@@ -174,6 +171,7 @@ void TestOsmImport::anUnfilteredExtractIsReducedToItsRailways()
 {
     const QString path = folder->filePath("every%2 thing.osm");
     WriteExtract(path);
+    const auto restore = qScopeGuard([before = qgetenv("PATH")] { qputenv("PATH", before); });
     for (const char *tool : {"there", "missing"}) {
         const std::unique_ptr<WidgetDrawRoute> shown(RouteImport::ImportOsm(nullptr, path, false));
         QVERIFY2(shown != nullptr, tool);
