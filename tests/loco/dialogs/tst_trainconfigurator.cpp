@@ -60,7 +60,9 @@ QByteArray WrittenFile()
     loco.display = 77;
     loco.configTyp = 9;
     loco.isDDI = true;
-    loco.brtRows = {{0, 50, 3, -1, {60, 70, 80}}, {51, 99, -1, -1, {}}, {100, 200, 5, -1, {0}}};
+    loco.brtRows = {{0, 50, 3, -1, QVector<int>(20000, 60)}, // no table could show them all
+                    {51, 99, -1, -1, {}},
+                    {100, 200, 5, -1, {0}}};
     int number = 0;
     for (const LocoFunction &function : LocoFunctions()) {
         const QString text = number % 5 == 4
