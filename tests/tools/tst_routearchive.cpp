@@ -27,7 +27,6 @@ struct ZipEntry
 {
     QString name;
     QByteArray content = QByteArray("content");
-    bool isLink = false;
 };
 
 bool MakeZip(const QString &path, const QVector<ZipEntry> &entries)
@@ -37,13 +36,9 @@ bool MakeZip(const QString &path, const QVector<ZipEntry> &entries)
     if (!zip.open(QuaZip::mdCreate))
         return false;
     for (const ZipEntry &entry : entries) {
-        QuaZipNewInfo info(entry.name);
-        constexpr quint32 kLink = 0120777U;
-        constexpr quint32 kPlain = 0100644U;
-        info.externalAttr = (entry.isLink ? kLink : kPlain) << 16U;
         QuaZipFile file(&zip);
-        if (!file.open(QIODevice::WriteOnly, info)
-            || file.write(entry.content) != entry.content.size())
+        if (!file.open(QIODevice::WriteOnly, QuaZipNewInfo(entry.name))
+            || file.write(entry.content) < 0)
             return false;
         file.close();
     }
@@ -121,7 +116,7 @@ void TestRouteArchive::takesEntriesUpToTheFirstProperties()
 
 void TestRouteArchive::hostileEntriesArePassedOver()
 {
-    QVector<ZipEntry> entries{{"Link" + kName, "../../outside", true}};
+    QVector<ZipEntry> entries;
     for (const char *start :
          {"../", "a/../../../", "..\\", "a\\../..\\", "/", "\\", "C:\\", "C:", "\\\\host\\share\\"})
         entries.append({start + kName, "bad"});
