@@ -35,11 +35,12 @@ practice=$build/practice/zugblick-practice
 for option in "$@"; do
     case $option in -h | --help | -v | --version | --list-locos) exec "$practice" "$option" ;; esac
 done
-"$practice" --list-locos "$@" > /dev/null # says what is wrong with an option, and fails
 
 work=$build/home/work
 mkdir -p "$work" "$XDG_DATA_HOME/Zugblick"
 cp -Rn practice/workfolder/. "$work/"
+# Says what is wrong with an option, and fails.
+"$practice" --list-locos --workfolder "$work" "$@" > /dev/null
 
 # Serves over TCP and the web, on any free ports, and sets `port` and `web` to what it says.
 start_bridge() {
@@ -66,7 +67,7 @@ if [ -n "$direct" ]; then
     type=0
     port=47812
     web=
-    ZUGBLICK_PRACTICE=$(IFS=';' && echo "$*")
+    ZUGBLICK_PRACTICE=$(IFS=';' && echo "--workfolder;$work;$*")
     export ZUGBLICK_PRACTICE
 else
     type=1

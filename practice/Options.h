@@ -1,6 +1,7 @@
 #pragma once
 
 #include "PracticeServer.h"
+#include "Schedule.h"
 #include "WebServer.h"
 
 #include <QString>
@@ -17,6 +18,7 @@ struct Options
     bool everyAddress = false;
     QString loco;
     QString timetable;
+    Schedule schedule; ///< what that names; without stops when none is named
     int late = 0; ///< seconds
     double speedUp = 1.0;
     double handSeconds = 120.0;
