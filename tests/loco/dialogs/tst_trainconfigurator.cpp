@@ -652,7 +652,7 @@ void TestTrainConfigurator::publishingSendsTheFile()
     QVERIFY(received.startsWith("POST /newfile.php HTTP/1.1\r\n"));
     QCOMPARE(received.mid(received.indexOf("\r\n\r\n") + 4),
              QByteArray("?empty=1&id=&type=3&filename=k%C3%B6ln.cfg&content=Autor%3DJ%C3%BCrgen%20"
-                        "%26%20S%C3%B6hne%2B1%0A"));
+                        "%26%20S%C3%B6hne+1%0A"));
 }
 
 void TestTrainConfigurator::closingInAnEventPassIsHarmless_data()
