@@ -73,7 +73,8 @@ void InDialog(ServerJourney &it, const char *action, Act act)
 QByteArray Content(const QString &path)
 {
     QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
+    return file.open(QIODevice::ReadOnly | QIODevice::Text) ? file.readAll()
+                                                            : QByteArray("(missing)");
 }
 
 QMap<QString, int> States(const QTableWidget &table)

@@ -128,7 +128,8 @@ QStringList TestCheckNewFiles::LogLines(int level) const
 QByteArray TestCheckNewFiles::Content(const QString &name) const
 {
     QFile file(Path(name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
+    return file.open(QIODevice::ReadOnly | QIODevice::Text) ? file.readAll()
+                                                            : QByteArray("(missing)");
 }
 
 void TestCheckNewFiles::asksBeforeItRequestsAnything()
