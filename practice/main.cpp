@@ -8,7 +8,6 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QStandardPaths>
 #include <QTextStream>
 #include <QTimer>
 
@@ -138,8 +137,6 @@ int main(int argc, char **argv)
         Print(stdout, LocoNames().join(QLatin1Char('\n')));
         return 0;
     }
-    if (!options.front.isEmpty() && options.workFolder.isEmpty())
-        options.workFolder = QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
     if (!options.workFolder.isEmpty()) {
         const int failed = FillFolder(options);
         if (failed != 0 || options.mode == Options::WriteFolder)

@@ -267,7 +267,7 @@ void TestConfigDialogs::theLoginCheckIsStored()
     settings->SetUserAllowed(known ? "0" : "1");
     DlgSettings *shown = nullptr;
     QStringList asked;
-    DlgSettings dialog(settings.get(), [&](const QString &name, const QString &hash) {
+    DlgSettings dialog(settings.get(), [&](QWidget *, const QString &name, const QString &hash) {
         asked = QStringList{name, hash, Child<QLabel>(shown, "label_checkUser")->text()};
         Child<QPushButton>(shown, "pushButton_checkUser")->click(); // a second press meanwhile
         return known;
@@ -285,7 +285,7 @@ void TestConfigDialogs::theLoginCheckIsStored()
 void TestConfigDialogs::goneDuringTheLoginCheckIsHarmless()
 {
     QPointer<DlgSettings> dialog;
-    dialog = new DlgSettings(settings.get(), [&](const QString &, const QString &) {
+    dialog = new DlgSettings(settings.get(), [&](QWidget *, const QString &, const QString &) {
         delete dialog;
         return true;
     });
