@@ -131,13 +131,13 @@ void TestMtdValues::energyAddsUp()
     meter.Add(3600000, 100.0, 15.0);
     meter.Add(1800000, -40.0, 15.0);
     meter.Add(1800000, 0.0, 15.0);
-    QCOMPARE(meter.used, 1500.0F);
-    QCOMPARE(meter.back, -300.0F);
+    QCOMPARE(meter.energyUsed, 1500.0F);
+    QCOMPARE(meter.energyBack, -300.0F);
     meter.Add(1, std::numeric_limits<double>::infinity(), 15.0);
     meter.Add(1, std::nan(""), 15.0);
     meter.Add(3600000, 3.4e38, 2e9);
-    QCOMPARE(meter.used, 1500.0F);
-    QCOMPARE(meter.back, -300.0F);
+    QCOMPARE(meter.energyUsed, 1500.0F);
+    QCOMPARE(meter.energyBack, -300.0F);
 }
 
 void TestMtdValues::hostileConfigurations_data()

@@ -281,7 +281,7 @@ void TestRailjetScreen::dayAndNightKeepARequest()
     QCOMPARE(TextOf(bench.screen, "label_status_funktionen"),
              QStringLiteral("Waschprogramm bitte mit Taste \"E\" bestätigen."));
     Press(bench.screen, {QStringLiteral("E")});
-    QVERIFY(bench.screen.Functions().wasch);
+    QVERIFY(bench.screen.Functions().waschOn);
     QCOMPARE(BackgroundOf(bench.screen, "label_status_funktionen"), QColor(30, 30, 30));
     Press(bench.screen, {QStringLiteral("0")});
     bench.screen.OnUpdateSecondTimer(); // an empty status melts into the page
