@@ -34,16 +34,26 @@ int StackPage(const WidgetMTD &screen)
     return screen.findChild<QStackedWidget *>("stackedWidget")->currentIndex();
 }
 
-/// The screen of the connected loco, by the menu.
+/// A connected loco with its touch screen open.
 template <typename Screen>
-QPointer<Screen> Open(Journey &journey)
+class Ride : public Journey
 {
-    journey.Trigger("actionMTD");
-    QPointer<Screen> screen = Journey::Find<Screen>();
-    if (screen)
-        screen->resize(800, 502);
-    return screen;
-}
+public:
+    using Journey::Journey;
+
+    bool Begin()
+    {
+        if (!Connect() || !IsEnabled("actionMTD"))
+            return false;
+        Trigger("actionMTD");
+        screen = Find<Screen>();
+        if (screen)
+            screen->resize(800, 502);
+        return screen;
+    }
+
+    QPointer<Screen> screen;
+};
 
 bool Drives(const practice::TrainModel &train)
 {
@@ -90,11 +100,9 @@ void TestJourneyMtd::everyPageByItsKeys()
     QFETCH(QString, loco);
     QFETCH(QString, className);
     QFETCH(QStringList, ways);
-    Journey journey(loco);
-    QVERIFY(journey.Connect());
-    QVERIFY(journey.IsEnabled("actionMTD"));
-    const QPointer<WidgetMTD> screen = Open<WidgetMTD>(journey);
-    QVERIFY(screen);
+    Ride<WidgetMTD> journey(loco);
+    QVERIFY(journey.Begin());
+    const auto &screen = journey.screen;
     QVERIFY(!journey.IsEnabled("actionMTD"));
     QCOMPARE(QString(screen->metaObject()->className()), className);
     QVERIFY(journey.DriveUntil(Drives, 400));
@@ -121,10 +129,9 @@ void TestJourneyMtd::everyPageByItsKeys()
 
 void TestJourneyMtd::entryTakesEffectByTheVigilanceKey()
 {
-    Journey journey(kBr145);
-    QVERIFY(journey.Connect());
-    const QPointer<WidgetMTD_BR145> screen = Open<WidgetMTD_BR145>(journey);
-    QVERIFY(screen);
+    Ride<WidgetMTD_BR145> journey(kBr145);
+    QVERIFY(journey.Begin());
+    const auto &screen = journey.screen;
     const int trainType = journey.Loco().Zugart.id;
     const double before = journey.Train().ControllerValue(trainType);
     const TrainDataIntern &stored = journey.Window().Train().intern;
@@ -162,10 +169,9 @@ void TestJourneyMtd::entryTakesEffectByTheVigilanceKey()
 
 void TestJourneyMtd::brakeTableRefusesTheEntry()
 {
-    Journey journey("BR 185 112 Rheintal");
-    QVERIFY(journey.Connect());
-    const QPointer<WidgetMTD_BR145> screen = Open<WidgetMTD_BR145>(journey);
-    QVERIFY(screen);
+    Ride<WidgetMTD_BR145> journey("BR 185 112 Rheintal");
+    QVERIFY(journey.Begin());
+    const auto &screen = journey.screen;
     const int trainType = journey.Loco().Zugart.id;
     const double before = journey.Train().ControllerValue(trainType);
     Press(*screen, "4 1 bottom 0 bottom 6 E E");
@@ -177,10 +183,9 @@ void TestJourneyMtd::brakeTableRefusesTheEntry()
 
 void TestJourneyMtd::systemChangeReachesTheTrain()
 {
-    Journey journey(kRailjet);
-    QVERIFY(journey.Connect());
-    const QPointer<WidgetMTD_Railjet> screen = Open<WidgetMTD_Railjet>(journey);
-    QVERIFY(screen);
+    Ride<WidgetMTD_Railjet> journey(kRailjet);
+    QVERIFY(journey.Begin());
+    const auto &screen = journey.screen;
     const int system = journey.Loco().System_Land.id;
     const TrainDataIntern &stored = journey.Window().Train().intern;
     QVERIFY(journey.Drive(1)); // the train's driver has switched everything on
@@ -211,10 +216,9 @@ void TestJourneyMtd::systemChangeReachesTheTrain()
 
 void TestJourneyMtd::functionsAreSwitched()
 {
-    Journey journey(kRailjet);
-    QVERIFY(journey.Connect());
-    const QPointer<WidgetMTD_Railjet> screen = Open<WidgetMTD_Railjet>(journey);
-    QVERIFY(screen);
+    Ride<WidgetMTD_Railjet> journey(kRailjet);
+    QVERIFY(journey.Begin());
+    const auto &screen = journey.screen;
     const auto states = [&screen] {
         QStringList texts;
         for (const char *name : {"eb", "nbb", "railjet", "wasch", "belade", "ibegr"})
@@ -241,10 +245,9 @@ void TestJourneyMtd::functionsAreSwitched()
 
 void TestJourneyMtd::iconsFollowTheTrainsSwitches()
 {
-    Journey journey(kRailjet);
-    QVERIFY(journey.Connect());
-    const QPointer<WidgetMTD_Railjet> screen = Open<WidgetMTD_Railjet>(journey);
-    QVERIFY(screen);
+    Ride<WidgetMTD_Railjet> journey(kRailjet);
+    QVERIFY(journey.Begin());
+    const auto &screen = journey.screen;
     screen->phaseDivisor = 1000;
     const auto *icon = screen->findChild<MtdIcon *>("label_icon2");
     const auto shows = [icon](const char *picture) {
