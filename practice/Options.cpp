@@ -41,6 +41,13 @@ constexpr OptionText kOptions[] = {
     {"web-version", "Version that the web server offers.", "TEXT"},
     {"workfolder", "Fill this work folder up with the practice files that it lacks.", "DIR"},
     {"write-workfolder", "Write the practice work folder to this place and end.", "DIR"},
+    {"front",
+     "Start this Zugblick in front, with its settings in the work folder, and end with it. Ports "
+     "that are not given are any free ones.",
+     "PROGRAM"},
+    {"direct",
+     "With --front: Zugblick loads the train's library into its own process, and no network is in "
+     "between."},
     {"run-for", "End after so many seconds.", "SECONDS", "0"},
     {"exit-with-stdin", "End when standard input is closed."},
 };
@@ -121,6 +128,31 @@ bool ReadWeb(const QCommandLineParser &parser, Options &options, QString &text)
     return false;
 }
 
+bool ReadFront(const QCommandLineParser &parser, Options &options, QString &text)
+{
+    options.front = parser.value(QStringLiteral("front"));
+    options.direct = parser.isSet(QStringLiteral("direct"));
+    if (options.direct && options.front.isEmpty()) {
+        text = QStringLiteral("--direct: only with --front");
+        return false;
+    }
+    if (options.front.isEmpty())
+        return true;
+    options.web = true;
+    if (!parser.isSet(QStringLiteral("port")))
+        options.port = 0;
+    for (const OptionText &each : kOptions) {
+        const QString name = QString::fromLatin1(each.name);
+        const bool own = QStringList{"front", "direct", "workfolder"}.contains(name);
+        if (own || !parser.isSet(name))
+            continue;
+        options.trainArguments << QStringLiteral("--") + name;
+        if (*each.value != '\0')
+            options.trainArguments << parser.value(name);
+    }
+    return true;
+}
+
 } // namespace
 
 bool ReadOptions(const QStringList &arguments, Options &options, QString &text, bool &printed)
@@ -154,8 +186,10 @@ bool ReadOptions(const QStringList &arguments, Options &options, QString &text, 
         options.mode = Options::WriteFolder;
         options.workFolder = parser.value(QStringLiteral("write-workfolder"));
     }
-    return ReadNumbers(parser, options, text) && ReadNames(parser, options, text)
-        && ReadWeb(parser, options, text);
+    if (!ReadNumbers(parser, options, text) || !ReadNames(parser, options, text)
+        || !ReadWeb(parser, options, text))
+        return false;
+    return ReadFront(parser, options, text);
 }
 
 void SetUp(TrainModel &model, const Options &options)

@@ -29,6 +29,9 @@ struct Options
     WebFault webFault;
     QByteArray webVersion; ///< empty for the version of this program
     QString workFolder; ///< to write, or to fill up
+    QString front; ///< the Zugblick to start in front, empty for none
+    bool direct = false; ///< it loads the train's library, and nothing is served
+    QStringList trainArguments; ///< all that concern neither front nor work folder
 };
 
 /// Reads the arguments, the program's name first. On a wrong one returns false, and `text` says

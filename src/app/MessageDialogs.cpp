@@ -2,6 +2,7 @@
 
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QPointer>
 
 namespace {
 QMessageBox::Icon IconOf(UserDialogs::Kind kind)
@@ -35,10 +36,14 @@ QMessageBox::StandardButtons ButtonsOf(UserDialogs::Buttons buttons)
 
 UserDialogs::Answer MessageDialogs::Show(QWidget *parent, const Box &box)
 {
-    QMessageBox message(IconOf(box.kind), box.title, box.text, ButtonsOf(box.buttons), parent);
+    // The box goes with its parent, which may be closed by a timer or a reply meanwhile.
+    const QPointer<QMessageBox> message =
+        new QMessageBox(IconOf(box.kind), box.title, box.text, ButtonsOf(box.buttons), parent);
     // Texts hold paths and names from outside, which must not be taken for markup.
-    message.setTextFormat(Qt::PlainText);
-    switch (message.exec()) {
+    message->setTextFormat(Qt::PlainText);
+    const int button = message->exec();
+    delete message;
+    switch (button) {
     case QMessageBox::Ok:
         return Answer::Ok;
     case QMessageBox::Yes:

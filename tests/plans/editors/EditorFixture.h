@@ -54,7 +54,8 @@ public:
     static QByteArray Read(const QString &path)
     {
         QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
+        return file.open(QIODevice::ReadOnly | QIODevice::Text) ? file.readAll()
+                                                                : QByteArray("(no file)");
     }
     /// The file without the line of the save counter.
     static QByteArray ReadWithoutVersion(const QString &path)
