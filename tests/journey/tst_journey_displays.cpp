@@ -11,6 +11,7 @@
 #include "WidgetMFA.h"
 #include "WidgetMainUsDisplay.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QPointer>
 #include <QTableWidget>
