@@ -713,13 +713,14 @@ void TestRoadMapEditor::itLooksRight()
     editor.Open(*editor, PRACTICE_WORKFOLDER "/roadsections/Koeln-Koblenz.sfp");
     editor.Table().setCurrentCell(4, ColumnName);
     QTRY_VERIFY(!Field(*editor, "lineEdit_position")->text().isEmpty());
-    for (const QSize size : {editor->minimumSize(), QSize(1366, 768), QSize(2048, 1152)}) {
+    for (const QSize size : {editor->minimumSizeHint(), QSize(1366, 768), QSize(2048, 1152)}) {
         editor->resize(size);
         QCOMPARE(editor->size(), size);
+        QCoreApplication::processEvents();
         LeavePicture(*editor, QString("roadmap_%1x%2").arg(size.width()).arg(size.height()));
     }
     // The head may be folded away; table, position and button stay.
-    editor->resize(editor->minimumSize());
+    editor->resize(editor->minimumSizeHint());
     Child<QSplitter>(*editor, "splitter")->setSizes({0, 1000});
     QVERIFY(Child<QWidget>(*editor, "groupBox_details")->visibleRegion().isEmpty());
     QVERIFY(!Child<QPushButton>(*editor, "pushButton_newEntry")->visibleRegion().isEmpty());

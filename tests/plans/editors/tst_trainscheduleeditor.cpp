@@ -606,9 +606,10 @@ void TestTrainScheduleEditor::itLooksRight()
     editor.Open(*editor, PRACTICE_WORKFOLDER "/traintimetables/RB 26 Koeln-Koblenz.tfp");
     editor->OnTimer();
     editor.Table().setCurrentCell(6, ColumnName);
-    for (const QSize size : {editor->minimumSize(), QSize(1366, 768), QSize(2048, 1152)}) {
+    for (const QSize size : {editor->minimumSizeHint(), QSize(1366, 768), QSize(2048, 1152)}) {
         editor->resize(size);
         QCOMPARE(editor->size(), size);
+        QCoreApplication::processEvents();
         LeavePicture(*editor, QString("timetable_%1x%2").arg(size.width()).arg(size.height()));
     }
 }
