@@ -27,6 +27,9 @@ public:
     const RoadMap &Plan() const { return roadMap; }
 
 public slots:
+    void OnImportOSMungefiltert();
+    void OnImportOSMgefiltert();
+    void OnImportTSPackaged();
     void OnTimerUpdateTrainData();
     void OnItemChanged(QTableWidgetItem *item);
     void OnExportRoadMap();
@@ -36,12 +39,12 @@ protected:
     bool WritePlan(const QString &path) override;
     QString PathToSave() const override;
     QString ProposedName() const override;
-    PlanRow FreshRow() const override;
     PlanRow NewRow(double mark) const override;
-    QVector<PlanRow> Reversed(const QVector<PlanRow> &rows) const override;
     bool PrepareClose() override;
 
 private:
+    void SetUpImports();
+
     std::unique_ptr<Ui::MainWindow_RoadmapEditor> ui;
     RoadMap roadMap;
 };

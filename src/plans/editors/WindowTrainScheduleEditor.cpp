@@ -32,6 +32,8 @@ PlanEditorKind TimeTableKind()
                          QStringLiteral("Fahrplan wurde zum Server gesendet und wird überprüft!"),
                          QStringLiteral("Fahrplan konnte nicht gesendet werden.\n")};
     kind.tickMs = 1000;
+    kind.freshRow = FreshRow<TimeTableEntry>;
+    kind.reversed = ReversedRows<TimeTableEntry>;
     return kind;
 }
 } // namespace
@@ -136,11 +138,6 @@ void WindowTrainScheduleEditor::OnTimeEditContextMenuEvent(QPoint pos)
         timeEdit->setTime(times.at(chosen).time);
 }
 
-PlanRow WindowTrainScheduleEditor::FreshRow() const
-{
-    return RowOf(TimeTableEntry());
-}
-
 PlanRow WindowTrainScheduleEditor::NewRow(double mark) const
 {
     TimeTableEntry entry;
@@ -151,11 +148,6 @@ PlanRow WindowTrainScheduleEditor::NewRow(double mark) const
         entry.distance = static_cast<float>(mark);
     }
     return RowOf(entry);
-}
-
-QVector<PlanRow> WindowTrainScheduleEditor::Reversed(const QVector<PlanRow> &rows) const
-{
-    return ReversedRows<TimeTableEntry>(rows);
 }
 
 void WindowTrainScheduleEditor::OnOpenRoadmap()

@@ -41,9 +41,7 @@ protected:
     bool ReadPlan(const QString &path) override;
     bool WritePlan(const QString &path) override;
     QString ProposedName() const override;
-    PlanRow FreshRow() const override;
     PlanRow NewRow(double mark) const override;
-    QVector<PlanRow> Reversed(const QVector<PlanRow> &rows) const override;
     bool PrepareClose() override;
 
 private:
