@@ -1,7 +1,9 @@
 #include "MessageDialogs.h"
 
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
+#include <QPointer>
 
 namespace {
 QMessageBox::Icon IconOf(UserDialogs::Kind kind)
@@ -31,14 +33,38 @@ QMessageBox::StandardButtons ButtonsOf(UserDialogs::Buttons buttons)
     }
     return QMessageBox::Ok;
 }
+
+// All dialogs stand on the heap: a window that goes while one is open takes it with it.
+
+QStringList Choose(QWidget *parent, const UserDialogs::FileRequest &request,
+                   QFileDialog::FileMode mode, QFileDialog::AcceptMode acceptMode)
+{
+    const QPointer<QFileDialog> dialog =
+        new QFileDialog(parent, request.title, QString(), request.filter);
+    dialog->setAcceptMode(acceptMode);
+    dialog->setFileMode(mode);
+    dialog->setOption(QFileDialog::ShowDirsOnly, mode == QFileDialog::Directory);
+    const QFileInfo start(request.folder);
+    const bool isProposal = acceptMode == QFileDialog::AcceptSave && !start.isDir();
+    dialog->setDirectory(isProposal ? start.path() : request.folder);
+    if (isProposal)
+        dialog->selectFile(start.fileName());
+    const bool isChosen = dialog->exec() == QDialog::Accepted;
+    const QStringList files = isChosen ? dialog->selectedFiles() : QStringList();
+    delete dialog;
+    return files;
+}
 } // namespace
 
 UserDialogs::Answer MessageDialogs::Show(QWidget *parent, const Box &box)
 {
-    QMessageBox message(IconOf(box.kind), box.title, box.text, ButtonsOf(box.buttons), parent);
+    const QPointer<QMessageBox> message =
+        new QMessageBox(IconOf(box.kind), box.title, box.text, ButtonsOf(box.buttons), parent);
     // Texts hold paths and names from outside, which must not be taken for markup.
-    message.setTextFormat(Qt::PlainText);
-    switch (message.exec()) {
+    message->setTextFormat(Qt::PlainText);
+    const int pressed = message->exec();
+    delete message;
+    switch (pressed) {
     case QMessageBox::Ok:
         return Answer::Ok;
     case QMessageBox::Yes:
@@ -52,20 +78,20 @@ UserDialogs::Answer MessageDialogs::Show(QWidget *parent, const Box &box)
 
 QString MessageDialogs::OpenFile(QWidget *parent, const FileRequest &request)
 {
-    return QFileDialog::getOpenFileName(parent, request.title, request.folder, request.filter);
+    return Choose(parent, request, QFileDialog::ExistingFile, QFileDialog::AcceptOpen).value(0);
 }
 
 QStringList MessageDialogs::OpenFiles(QWidget *parent, const FileRequest &request)
 {
-    return QFileDialog::getOpenFileNames(parent, request.title, request.folder, request.filter);
+    return Choose(parent, request, QFileDialog::ExistingFiles, QFileDialog::AcceptOpen);
 }
 
 QString MessageDialogs::SaveFile(QWidget *parent, const FileRequest &request)
 {
-    return QFileDialog::getSaveFileName(parent, request.title, request.folder, request.filter);
+    return Choose(parent, request, QFileDialog::AnyFile, QFileDialog::AcceptSave).value(0);
 }
 
 QString MessageDialogs::ExistingFolder(QWidget *parent, const FileRequest &request)
 {
-    return QFileDialog::getExistingDirectory(parent, request.title, request.folder);
+    return Choose(parent, request, QFileDialog::Directory, QFileDialog::AcceptOpen).value(0);
 }
