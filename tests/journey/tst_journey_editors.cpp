@@ -3,6 +3,7 @@
 #include "EbulaGraphicsScene.h"
 #include "EbulaWindow.h"
 #include "Journey.h"
+#include "MessageDialogs.h"
 #include "Pictures.h"
 #include "PlanTable.h"
 #include "TestMain.h"
@@ -71,6 +72,8 @@ class TestJourneyEditors : public QObject
 
 private slots:
     void aRecordedLineBecomesTheTimetableOfTheNextRun();
+    void aWindowMayGoWhileItsDialogIsOpen_data();
+    void aWindowMayGoWhileItsDialogIsOpen();
 
 private:
     void RecordLine();
@@ -204,8 +207,9 @@ void TestJourneyEditors::ScheduleTrain()
             ->setCurrentIndex(halt.type);
         if (auto *arrival = qobject_cast<QTimeEdit *>(table.cellWidget(halt.row, ColumnArrival)))
             arrival->setTime(Planned(stop.arrival));
-        qobject_cast<QTimeEdit *>(table.cellWidget(halt.row, ColumnDeparture))
-            ->setTime(Planned(stop.departure));
+        auto *departure = qobject_cast<QTimeEdit *>(table.cellWidget(halt.row, ColumnDeparture));
+        QVERIFY(departure != nullptr);
+        departure->setTime(Planned(stop.departure));
     }
     editor->OnTimer(); // the train stands at the last point
     LeavePicture(*editor, "editor_scheduled");
@@ -225,7 +229,9 @@ void TestJourneyEditors::FollowTimetable()
     frame->resize(800, 502);
     EbulaGraphicsScene *scene = EbulaSceneOf(*frame);
     QTest::mouseClick(frame->Key("1"), Qt::LeftButton);
-    auto *list = Journey::Find<WidgetLoadTimeTable>()->findChild<QTableWidget *>();
+    const auto *view = Journey::Find<WidgetLoadTimeTable>();
+    QVERIFY(view != nullptr);
+    auto *list = view->findChild<QTableWidget *>();
     QCOMPARE(list->findItems("RB 99", Qt::MatchExactly).size(), 1);
     list->selectRow(list->findItems("RB 99", Qt::MatchExactly).first()->row());
     QTest::mouseClick(frame->Key("E"), Qt::LeftButton);
@@ -256,6 +262,34 @@ void TestJourneyEditors::FollowTimetable()
              qPrintable(texts().join('|')));
     frame->close();
     QTRY_VERIFY(!frame);
+}
+
+using Ask = std::function<void(UserDialogs &, QWidget *)>;
+Q_DECLARE_METATYPE(Ask)
+
+void TestJourneyEditors::aWindowMayGoWhileItsDialogIsOpen_data()
+{
+    QTest::addColumn<Ask>("ask");
+    QTest::newRow("a question") << Ask([](UserDialogs &dialogs, QWidget *window) {
+        QVERIFY(!dialogs.Ask(window, "Zugblick", "Speichern?"));
+    });
+    QTest::newRow("a file to open") << Ask([](UserDialogs &dialogs, QWidget *window) {
+        QCOMPARE(dialogs.OpenFile(window, {"Load File", ".", "Fahrplan (*.tfp)"}), QString());
+    });
+    QTest::newRow("a file to save") << Ask([](UserDialogs &dialogs, QWidget *window) {
+        QCOMPARE(dialogs.SaveFile(window, {"Save File", "./a.tfp", "Fahrplan (*.tfp)"}), QString());
+    });
+}
+
+void TestJourneyEditors::aWindowMayGoWhileItsDialogIsOpen()
+{
+    QFETCH(Ask, ask);
+    MessageDialogs dialogs;
+    QPointer<QWidget> window = new QWidget;
+    window->show();
+    QTimer::singleShot(0, window.data(), [window] { delete window; });
+    ask(dialogs, window);
+    QVERIFY(!window);
 }
 
 ZUGBLICK_TEST_MAIN(TestJourneyEditors)

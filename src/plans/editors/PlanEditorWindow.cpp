@@ -47,9 +47,9 @@ PlanEditorOutside::PlanEditorOutside()
 }
 
 PlanEditorWindow::PlanEditorWindow(PlanEditorKind editorKind, KabdataSettings *storage,
-                                   TrainData *train, QWidget *parent, Qt::WindowFlags flags,
+                                   TrainData *train, QWidget *parent,
                                    PlanEditorOutside outsideWorld)
-    : QMainWindow(parent, flags), kind(std::move(editorKind)), settings(storage), trainData(train),
+    : QMainWindow(parent), kind(std::move(editorKind)), settings(storage), trainData(train),
       outside(std::move(outsideWorld)), updateTimer(new QTimer(this))
 {
     setAttribute(Qt::WA_DeleteOnClose);

@@ -71,7 +71,7 @@ protected:
     enum class Saving { Saved, Refused, Failed };
 
     PlanEditorWindow(PlanEditorKind editorKind, KabdataSettings *storage, TrainData *train,
-                     QWidget *parent, Qt::WindowFlags flags, PlanEditorOutside outsideWorld);
+                     QWidget *parent, PlanEditorOutside outsideWorld);
 
     /// To be called when the form stands.
     void SetUp(const PlanEditorForm &widgets);

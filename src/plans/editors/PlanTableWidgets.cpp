@@ -139,7 +139,10 @@ void PlanTable::OnTimeEdited()
 QFont FittingFont(const QString &text, QFont font, int width)
 {
     constexpr int kSmallest = 7;
-    while (font.pointSize() > kSmallest && QFontMetrics(font).horizontalAdvance(text) > width)
+    const auto isTooWide = [&] { return QFontMetrics(font).horizontalAdvance(text) > width; };
+    if (isTooWide())
+        font.setStretch(QFont::Condensed);
+    while (font.pointSize() > kSmallest && isTooWide())
         font.setPointSize(font.pointSize() - 1);
     return font;
 }

@@ -42,9 +42,8 @@ PlanCell TextCell(const QString &text)
 } // namespace
 
 WindowRoadMapEditor::WindowRoadMapEditor(KabdataSettings *storage, TrainData *train,
-                                         QWidget *parent, Qt::WindowFlags flags,
-                                         PlanEditorOutside outsideWorld)
-    : PlanEditorWindow(RoadMapKind(), storage, train, parent, flags, std::move(outsideWorld)),
+                                         QWidget *parent, PlanEditorOutside outsideWorld)
+    : PlanEditorWindow(RoadMapKind(), storage, train, parent, std::move(outsideWorld)),
       ui(std::make_unique<Ui::MainWindow_RoadmapEditor>())
 {
     ui->setupUi(this);

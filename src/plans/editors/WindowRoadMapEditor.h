@@ -20,7 +20,6 @@ public:
     /// `train` may be null; settings and train must outlive the window.
     explicit WindowRoadMapEditor(KabdataSettings *storage, TrainData *train,
                                  QWidget *parent = nullptr,
-                                 Qt::WindowFlags flags = Qt::WindowFlags(),
                                  PlanEditorOutside outsideWorld = PlanEditorOutside());
     ~WindowRoadMapEditor() override;
 

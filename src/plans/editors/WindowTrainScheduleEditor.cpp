@@ -39,9 +39,9 @@ PlanEditorKind TimeTableKind()
 } // namespace
 
 WindowTrainScheduleEditor::WindowTrainScheduleEditor(KabdataSettings *storage, TrainData *train,
-                                                     QWidget *parent, Qt::WindowFlags flags,
+                                                     QWidget *parent,
                                                      PlanEditorOutside outsideWorld)
-    : PlanEditorWindow(TimeTableKind(), storage, train, parent, flags, std::move(outsideWorld)),
+    : PlanEditorWindow(TimeTableKind(), storage, train, parent, std::move(outsideWorld)),
       ui(std::make_unique<Ui::MainWindow_TrainScheduleEditor>()),
       colourFar(QStringLiteral("white")), colourNear(QStringLiteral("green"))
 {

@@ -22,7 +22,6 @@ public:
     /// `train` may be null; settings and train must outlive the window.
     explicit WindowTrainScheduleEditor(KabdataSettings *storage, TrainData *train,
                                        QWidget *parent = nullptr,
-                                       Qt::WindowFlags flags = Qt::WindowFlags(),
                                        PlanEditorOutside outsideWorld = PlanEditorOutside());
     ~WindowTrainScheduleEditor() override;
 
