@@ -42,7 +42,7 @@ function(zugblick_add_font target alias file package)
   find_file(ZUGBLICK_FONT_${alias} ${file}
     PATHS /usr/share/fonts/truetype/dseg /usr/share/fonts/truetype/noto
           /usr/share/fonts/truetype/dejavu /usr/share/fonts/truetype/liberation
-    NO_DEFAULT_PATH)
+    NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH) # of this side, for every platform
   if(NOT ZUGBLICK_FONT_${alias})
     message(FATAL_ERROR "${file} not found; Debian has it in ${package}. "
                         "Elsewhere set ZUGBLICK_FONT_${alias} to the file.")

@@ -1,6 +1,6 @@
 #!/bin/sh
-# Installs what packages.txt names and the system lacks: as root, or through sudo. Without either
-# it prints the one line that does it, and fails.
+# Installs what packages.txt, and each list given beside it, names and the system lacks: as root, or
+# through sudo. Without either it prints the one line that does it, and fails.
 set -eu
 here=$(cd "$(dirname "$0")" && pwd)
 
@@ -10,7 +10,7 @@ if ! command -v dpkg-query >/dev/null 2>&1; then
 fi
 
 missing=
-for package in $(sed 's/#.*//' "$here/packages.txt"); do
+for package in $(sed 's/#.*//' "$here/packages.txt" "$@"); do
     status=$(dpkg-query -W -f='${Status}' "$package" 2>/dev/null || true)
     case $status in
         *" installed") ;;

@@ -41,6 +41,10 @@ constexpr OptionText kOptions[] = {
     {"web-version", "Version that the web server offers.", "TEXT"},
     {"workfolder", "Fill this work folder up with the practice files that it lacks.", "DIR"},
     {"write-workfolder", "Write the practice work folder to this place and end.", "DIR"},
+    {"front",
+     "Start this Zugblick in front, with its settings in the work folder, and end with it. Ports "
+     "that are not given are any free ones.",
+     "PROGRAM"},
     {"run-for", "End after so many seconds.", "SECONDS", "0"},
     {"exit-with-stdin", "End when standard input is closed."},
 };
@@ -154,8 +158,16 @@ bool ReadOptions(const QStringList &arguments, Options &options, QString &text, 
         options.mode = Options::WriteFolder;
         options.workFolder = parser.value(QStringLiteral("write-workfolder"));
     }
-    return ReadNumbers(parser, options, text) && ReadNames(parser, options, text)
-        && ReadWeb(parser, options, text);
+    if (!ReadNumbers(parser, options, text) || !ReadNames(parser, options, text)
+        || !ReadWeb(parser, options, text))
+        return false;
+    options.front = parser.value(QStringLiteral("front"));
+    if (!options.front.isEmpty()) {
+        options.web = true;
+        if (!parser.isSet(QStringLiteral("port")))
+            options.port = 0;
+    }
+    return true;
 }
 
 void SetUp(TrainModel &model, const Options &options)

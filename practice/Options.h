@@ -29,6 +29,7 @@ struct Options
     WebFault webFault;
     QByteArray webVersion; ///< empty for the version of this program
     QString workFolder; ///< to write, or to fill up
+    QString front; ///< the Zugblick to start in front, empty for none
 };
 
 /// Reads the arguments, the program's name first. On a wrong one returns false, and `text` says

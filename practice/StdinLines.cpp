@@ -27,6 +27,9 @@ struct StdinLines::Mailbox
 StdinLines::StdinLines(QObject *parent) : QObject(parent), mailbox(std::make_shared<Mailbox>())
 {
     mailbox->receiver = this;
+    // The end of the process takes the C library's lock on its input on Windows, and the reading
+    // thread must not hold it then.
+    std::ios_base::sync_with_stdio(false);
     std::thread([box = mailbox] {
         std::string line;
         while (std::getline(std::cin, line)) {

@@ -1,4 +1,5 @@
 #include "Console.h"
+#include "Front.h"
 #include "Options.h"
 #include "PracticeServer.h"
 #include "StdinLines.h"
@@ -7,6 +8,7 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QStandardPaths>
 #include <QTextStream>
 #include <QTimer>
 
@@ -73,6 +75,12 @@ int Run(QCoreApplication &app, const Options &options)
     if (!StartWeb(web, options))
         return 1;
 
+    Front front(options.front, options.workFolder);
+    QObject::connect(&front, &Front::sigEnded, &app, &QCoreApplication::exit,
+                     Qt::QueuedConnection); // the loop does not run yet
+    if (!options.front.isEmpty())
+        front.Start(server.Port(), web.Port());
+
     QElapsedTimer sinceTick;
     sinceTick.start();
     QTimer tick;
@@ -121,6 +129,8 @@ int main(int argc, char **argv)
         Print(stdout, LocoNames().join(QLatin1Char('\n')));
         return 0;
     }
+    if (!options.front.isEmpty() && options.workFolder.isEmpty())
+        options.workFolder = QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
     if (!options.workFolder.isEmpty()) {
         const int failed = FillFolder(options);
         if (failed != 0 || options.mode == Options::WriteFolder)

@@ -34,8 +34,7 @@ QMessageBox::StandardButtons ButtonsOf(UserDialogs::Buttons buttons)
     return QMessageBox::Ok;
 }
 
-// All dialogs stand on the heap: a window that goes while one is open takes it with it.
-
+/// As the boxes, a file dialog goes with its parent.
 QStringList Choose(QWidget *parent, const UserDialogs::FileRequest &request,
                    QFileDialog::FileMode mode, QFileDialog::AcceptMode acceptMode)
 {
@@ -58,13 +57,14 @@ QStringList Choose(QWidget *parent, const UserDialogs::FileRequest &request,
 
 UserDialogs::Answer MessageDialogs::Show(QWidget *parent, const Box &box)
 {
+    // The box goes with its parent, which may be closed by a timer or a reply meanwhile.
     const QPointer<QMessageBox> message =
         new QMessageBox(IconOf(box.kind), box.title, box.text, ButtonsOf(box.buttons), parent);
     // Texts hold paths and names from outside, which must not be taken for markup.
     message->setTextFormat(Qt::PlainText);
-    const int pressed = message->exec();
+    const int button = message->exec();
     delete message;
-    switch (pressed) {
+    switch (button) {
     case QMessageBox::Ok:
         return Answer::Ok;
     case QMessageBox::Yes:

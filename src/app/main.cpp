@@ -1,8 +1,25 @@
 #include "KabdataMain.h"
 #include "MessageDialogs.h"
 #include "Resources.h"
+#include "WorkFolders.h"
 
 #include <QApplication>
+#include <QCommandLineParser>
+
+namespace {
+/// With `--data` a stick, or the practice simulator, has a Zugblick with settings of its own.
+void ReadArguments()
+{
+    QCommandLineParser parser;
+    parser.addHelpOption();
+    const QCommandLineOption data(QStringLiteral("data"),
+                                  QStringLiteral("Keep settings and files in this folder."),
+                                  QStringLiteral("DIR"));
+    parser.addOption(data);
+    parser.process(QCoreApplication::arguments());
+    SetDataLocation(parser.value(data));
+}
+} // namespace
 
 int main(int argc, char **argv)
 {
@@ -13,6 +30,7 @@ int main(int argc, char **argv)
     const QApplication app(argc, argv);
     // No organisation name: it would move the settings file.
     QCoreApplication::setApplicationName(QStringLiteral("Zugblick"));
+    ReadArguments();
     InitResources();
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/zugblick")));
 

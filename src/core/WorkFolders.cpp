@@ -69,8 +69,23 @@ QString LogFile(const QString &workFolder)
 }
 } // namespace WorkFolders
 
+namespace {
+QString &ChosenDataLocation()
+{
+    static QString folder;
+    return folder;
+}
+} // namespace
+
+void SetDataLocation(const QString &folder)
+{
+    ChosenDataLocation() = folder.isEmpty() ? QString() : QDir(folder).absolutePath();
+}
+
 QString DataLocation()
 {
+    if (!ChosenDataLocation().isEmpty())
+        return ChosenDataLocation();
     return QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
 }
 

@@ -21,6 +21,9 @@ QString LogFile(const QString &workFolder); ///< the file `zugblick.log`
 /// The standard writable data location: home of the settings file, and the work folder of a user
 /// who set none.
 QString DataLocation();
+/// Takes this folder as the data location from now on; empty stands for the system's. To be called
+/// before anything asks for it.
+void SetDataLocation(const QString &folder);
 
 /// Creates the work folder and its sub-folders where they are missing. The first failure shows a
 /// warning and ends the work; the program goes on with what exists.

@@ -24,8 +24,11 @@ InstallResult InstallTextFile(const QString &path, const QByteArray &body)
     utf8->toUnicode(body.constData(), body.size(), &state);
     const bool isUtf8 = state.invalidChars == 0 && state.remainingChars == 0;
 
+    // Text mode would make "\r\r\n" of the line ends that a file from Windows has already.
+    const QIODevice::OpenMode lineEnds =
+        body.contains("\r\n") ? QIODevice::NotOpen : QIODevice::Text;
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
+    if (!file.open(QIODevice::WriteOnly | lineEnds))
         return InstallResult::Failed;
     QTextStream stream(&file);
     stream.setCodec(utf8);

@@ -28,7 +28,8 @@ namespace {
 QByteArray Content(const QString &path)
 {
     QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("missing");
+    return file.open(QIODevice::ReadOnly | QIODevice::Text) ? file.readAll()
+                                                            : QByteArray("missing");
 }
 
 template <typename Type>

@@ -390,11 +390,19 @@ void TestKabdataServer::tripGoesOutWithItsLines()
     window->OnTimeTrainDriverStatus();
     dialogs->answers = {Answer::Cancel}; // closing the question is no No
     Action("actionRecord")->trigger();
-    QTRY_VERIFY(web->LastRequest().startsWith("POST " + kTripPath));
+    // The status posts run on connections of their own and may arrive after the trip.
+    const auto trips = [this] {
+        QByteArrayList found;
+        for (const QByteArray &request : web->Requests())
+            if (request.startsWith("POST " + kTripPath))
+                found << request;
+        return found;
+    };
+    QTRY_COMPARE(trips().size(), 1);
     const QStringList files = QDir(folder->filePath("records")).entryList(QDir::Files);
     QCOMPARE(files.size(), 1);
     const QByteArray start = QString(files[0]).remove("jo_").remove(".rec").toLatin1();
-    QCOMPARE(BodyOf(web->LastRequest()),
+    QCOMPARE(BodyOf(trips()[0]),
              "userid=jo&userhash=42&loconame=DB:BR 101&recordid=" + start
                  + "&content=47.5;11.25;80.4672;DB:BR 101\n47.5;11.25;80.4672;DB:BR 101\n");
     QTRY_VERIFY(LogText().contains("(Main) - UserStatusResult: stored"));

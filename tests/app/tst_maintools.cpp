@@ -1,13 +1,13 @@
 #include "KabdataMain.h"
 #include "MainCabEditor.h"
+#include "MessageDialogs.h"
 #include "ScriptedDialogs.h"
 #include "TestMain.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QPointer>
-
-#include <memory>
+#include <QTimer>
 
 class TestMainTools : public QObject
 {
@@ -15,6 +15,7 @@ class TestMainTools : public QObject
 
 private slots:
     void theCabEditorOpensAndClosesWithTheMainWindow();
+    void aBoxGoesWithItsParent();
 };
 
 void TestMainTools::theCabEditorOpensAndClosesWithTheMainWindow()
@@ -36,6 +37,16 @@ void TestMainTools::theCabEditorOpensAndClosesWithTheMainWindow()
     QTRY_VERIFY(editors.first().isNull());
     QVERIFY(window.close());
     QTRY_VERIFY(editors.last().isNull());
+}
+
+void TestMainTools::aBoxGoesWithItsParent()
+{
+    auto *parent = new QWidget;
+    QTimer::singleShot(0, parent, [parent] { delete parent; });
+    using Dialogs = UserDialogs;
+    QVERIFY(MessageDialogs().Show(
+                parent, {Dialogs::Kind::Question, "a", "b", Dialogs::Buttons::YesNoCancel})
+            == Dialogs::Answer::Cancel);
 }
 
 ZUGBLICK_TEST_MAIN(TestMainTools)

@@ -23,8 +23,8 @@ namespace {
 QString FileText(const QString &path)
 {
     QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll())
-                                          : QStringLiteral("(missing)");
+    return file.open(QIODevice::ReadOnly | QIODevice::Text) ? QString::fromUtf8(file.readAll())
+                                                            : QStringLiteral("(missing)");
 }
 
 QStringList WithoutTime(const QString &text)

@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 namespace {
@@ -31,6 +32,7 @@ private slots:
     void unreadableKeysYieldTheirDefault_data();
     void unreadableKeysYieldTheirDefault();
     void settingsSurviveTheFile();
+    void aChosenDataLocationHoldsSettingsAndFiles();
     void foldersAreCreatedInOrder();
     void aFailedFolderEndsTheWorkWithOneWarning();
     void migrationCopiesAndKeepsTheSource();
@@ -85,6 +87,17 @@ void TestWorkFolders::settingsSurviveTheFile()
     QVERIFY(settings.WindowGeometry("MTD").isEmpty());
     QVERIFY(settings.Topmost());
     QCOMPARE(settings.EthernetPort(), 50000U);
+}
+
+void TestWorkFolders::aChosenDataLocationHoldsSettingsAndFiles()
+{
+    const QTemporaryDir folder;
+    const QString before = DataLocation();
+    SetDataLocation(folder.path());
+    const KabdataSettings settings;
+    SetDataLocation(QString());
+    QCOMPARE(QFileInfo(settings.FileName()), QFileInfo(folder.filePath("kabdata.ini")));
+    QCOMPARE(DataLocation(), before);
 }
 
 void TestWorkFolders::foldersAreCreatedInOrder()

@@ -59,7 +59,8 @@ QString FirstRow(const TrainTimeTable &plan)
 QByteArray Content(const QString &path)
 {
     QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+    return file.open(QIODevice::ReadOnly | QIODevice::Text) ? file.readAll()
+                                                            : QByteArray("unreadable");
 }
 
 void Put(const QString &path, const QByteArray &text)

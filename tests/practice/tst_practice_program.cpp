@@ -1,5 +1,7 @@
+#include "KabdataSettings.h"
 #include "TestMain.h"
 
+#include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QTcpSocket>
@@ -40,6 +42,8 @@ private slots:
     void itTellsItsPortAndServes();
     void itServesTheWebToo();
     void itObeysStandardInput();
+    void theZugblickInFrontIsSentToItsPorts();
+    void aZugblickThatCannotStartEndsIt();
 };
 
 void TestPracticeProgram::wrongArgumentsAreExplained_data()
@@ -110,6 +114,32 @@ void TestPracticeProgram::itObeysStandardInput()
     QCOMPARE(program.process.exitCode(), 0);
     QCOMPARE(program.process.readAllStandardError().replace("\r", ""),
              QByteArray("Horn = 1\nloco changed to BR 145 023 Rheintal\n"));
+}
+
+void TestPracticeProgram::theZugblickInFrontIsSentToItsPorts()
+{
+    const QTemporaryDir folder;
+    // In front stands a program that ends at once: it knows no --data.
+    Program program({"--workfolder", folder.path(), "--front", PRACTICE_PROGRAM});
+    QVERIFY(program.Ends());
+    QCOMPARE(program.process.exitCode(), 2);
+    const QByteArray said = program.process.readAllStandardOutput().replace("\r", "");
+    QVERIFY(QDir(folder.filePath("lococonfig")).exists());
+    const KabdataSettings settings(folder.filePath("kabdata.ini"));
+    QCOMPARE(settings.InterfaceType(), 1);
+    QCOMPARE(QDir(settings.WorkFolder()), QDir(folder.path()));
+    QCOMPARE(said,
+             "listening on " + QByteArray::number(settings.EthernetPort()) + "\nweb on "
+                 + settings.UrlHost().section(':', -1).toUtf8() + '\n');
+}
+
+void TestPracticeProgram::aZugblickThatCannotStartEndsIt()
+{
+    const QTemporaryDir folder;
+    Program program({"--workfolder", folder.path(), "--front", folder.filePath("missing")});
+    QVERIFY(program.Ends());
+    QCOMPARE(program.process.exitCode(), 1);
+    QVERIFY(program.process.readAllStandardError().contains("missing"));
 }
 
 ZUGBLICK_TEST_MAIN(TestPracticeProgram)

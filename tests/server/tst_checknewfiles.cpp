@@ -139,7 +139,8 @@ QStringList TestCheckNewFiles::LogLines(int level) const
 QByteArray TestCheckNewFiles::Content(const QString &path) const
 {
     QFile file(folder->filePath(path));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
+    return file.open(QIODevice::ReadOnly | QIODevice::Text) ? file.readAll()
+                                                            : QByteArray("(missing)");
 }
 
 void TestCheckNewFiles::Write(const QString &path, const QByteArray &content) const

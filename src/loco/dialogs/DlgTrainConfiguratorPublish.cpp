@@ -26,7 +26,7 @@ void DlgTrainConfigurator::OnExportFile()
     currentFile = QFileInfo(path).fileName();
     QFile file(path);
     // A file that is not there yet is made by this.
-    if (!file.open(QIODevice::ReadWrite)) {
+    if (!file.open(QIODevice::ReadWrite | QIODevice::Text)) {
         UserDialogs::Instance().Warn(this, kTitle,
                                      QStringLiteral("Can not write file\n") + path
                                          + QLatin1Char('\n') + file.errorString());

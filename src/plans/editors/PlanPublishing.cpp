@@ -11,7 +11,7 @@ bool ReadPublishedPlan(const QString &path, PublishKind kind, PublishedFile &fil
     TimeTableFile reader;
     RoadMap plan;
     QFile copy(path);
-    if (!reader.ReadRoadMap(path, plan) || !copy.open(QIODevice::ReadWrite))
+    if (!reader.ReadRoadMap(path, plan) || !copy.open(QIODevice::ReadWrite | QIODevice::Text))
         return false;
     file.kind = kind;
     file.fileName = QFileInfo(path).fileName();

@@ -15,6 +15,8 @@
 
 namespace {
 constexpr int kMostSteps = 300;
+/// Left to itself, a header makes no column narrower than the widest sign of the face in use.
+constexpr int kNarrowestColumn = 20;
 
 void ScaleFont(QWidget *widget)
 {
@@ -80,6 +82,7 @@ void PlanTable::SetColumns(const QVector<PlanColumn> &planColumns, std::function
     freshRow = std::move(fresh);
     ScaleFont(this);
     ScaleFont(horizontalHeader());
+    horizontalHeader()->setMinimumSectionSize(kNarrowestColumn);
     setColumnCount(columns.size());
     for (int column = 0; column < columns.size(); ++column)
         SetUpColumn(column);

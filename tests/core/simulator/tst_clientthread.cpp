@@ -9,6 +9,7 @@
 #include <QTemporaryDir>
 
 #include <chrono>
+#include <future>
 #include <thread>
 
 namespace {
@@ -18,6 +19,29 @@ InterfaceFactory FakeFactory(FakeSimulator &simulator)
         return std::make_shared<FakeInterface>(simulator);
     };
 }
+
+/// A worker whose first run lingers between its last look at the queue and its end.
+class LingeringThread : public TSClientThread
+{
+public:
+    using TSClientThread::TSClientThread;
+
+    std::promise<void> seenEmpty;
+    std::promise<void> mayReturn;
+
+protected:
+    void run() override
+    {
+        TSClientThread::run();
+        if (runs++ != 0)
+            return;
+        seenEmpty.set_value();
+        mayReturn.get_future().wait();
+    }
+
+private:
+    int runs = 0; // runs follow each other, each waits for the last
+};
 } // namespace
 
 class TestClientThread : public QObject
@@ -31,6 +55,7 @@ private slots:
     void disconnectOvertakesTheQueue();
     void aLostConnectionAnswersAllJobs();
     void everyStartIsAnswered();
+    void aStartInTheLastStepsOfARunIsNotLost();
     void destructionDropsTheQueueAndWaits();
     void aSessionOverTheBridge();
 
@@ -120,8 +145,6 @@ void TestClientThread::aLostConnectionAnswersAllJobs()
     QCOMPARE(worker.Ask(JobConnect, "host;1"), QString("CONNECTED"));
 }
 
-// A start that falls into the last steps of a run must not be lost: no timer would ever bring the
-// job back.
 void TestClientThread::everyStartIsAnswered()
 {
     FakeSimulator simulator;
@@ -133,6 +156,32 @@ void TestClientThread::everyStartIsAnswered()
         QVERIFY2(worker.WaitForReplies(1 + started + 20),
                  qPrintable(QString("no reply to start %1").arg(started)));
     }
+}
+
+// No timer would ever bring the job of a lost start back.
+void TestClientThread::aStartInTheLastStepsOfARunIsNotLost()
+{
+    std::promise<void> answered;
+    LingeringThread thread(&settings);
+    connect(
+        &thread, &TSClientThread::sigJobFinished, &thread,
+        [&answered](const Job &job) {
+            if (job.type == JobLocoName)
+                answered.set_value();
+        },
+        Qt::DirectConnection);
+    thread.AddJob({JobTrainData, "first"});
+    thread.start();
+    thread.seenEmpty.get_future().wait();
+    thread.AddJob({JobLocoName, "second"});
+    std::thread opener([&thread] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        thread.mayReturn.set_value();
+    });
+    thread.start();
+    opener.join();
+    QVERIFY(answered.get_future().wait_for(std::chrono::seconds(60)) == std::future_status::ready);
+    QVERIFY(thread.wait()); // its gates go before its runs do, if it still lives
 }
 
 void TestClientThread::destructionDropsTheQueueAndWaits()

@@ -164,7 +164,8 @@ void TestLocoAssign::aFailedWriteKeepsTheWindowOpen()
     window->show();
     Press(QDialogButtonBox::Ok);
     QVERIFY(window->isVisible());
-    QCOMPARE(dialogs->BoxTexts(), QStringList("Can not write file\n" + path));
+    QCOMPARE(dialogs->BoxTexts(),
+             QStringList("Can not write file\n" + QDir::toNativeSeparators(path)));
 }
 
 void TestLocoAssign::goneInTheFileDialogIsHarmless()

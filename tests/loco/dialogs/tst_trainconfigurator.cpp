@@ -34,7 +34,8 @@ const QString kLoco = QStringLiteral("BR 101 [Köln]:1");
 QByteArray Content(const QString &path)
 {
     QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("missing");
+    return file.open(QIODevice::ReadOnly | QIODevice::Text) ? file.readAll()
+                                                            : QByteArray("missing");
 }
 
 void Write(const QString &path, const QByteArray &content)

@@ -113,7 +113,8 @@ public:
     static QByteArray Read(const QString &path)
     {
         QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
+        return file.open(QIODevice::ReadOnly | QIODevice::Text) ? file.readAll()
+                                                                : QByteArray("(no file)");
     }
 
     QByteArray Plan() const { return suffix == QLatin1String("sfp") ? kRoadMap : kTimeTable; }
