@@ -78,8 +78,7 @@ void WidgetMFA_BR442::ToggleDayNight()
     RecolourEmptyFields();
 }
 
-/// Fields that no record feeds would keep the other shade. That of the brake stays dark for its
-/// light picture.
+/// Fields that no record feeds would keep the other shade.
 void WidgetMFA_BR442::RecolourEmptyFields()
 {
     const TouchPanel panel = BindTouchPanel(*ui);
@@ -92,6 +91,18 @@ void WidgetMFA_BR442::RecolourEmptyFields()
         palette.setColor(QPalette::Window, labelBackground);
         field->setPalette(palette);
     }
+    ShadeBrakeField();
+}
+
+/// The picture of the brake is light and needs a dark ground by day, too.
+void WidgetMFA_BR442::ShadeBrakeField()
+{
+    LabelRailjet *field = ui->label_bremse;
+    const bool empty = field->pixmap(Qt::ReturnByValue).isNull();
+    QPalette palette = field->palette();
+    palette.setColor(QPalette::Window, empty ? labelBackground : QColor(Qt::black));
+    if (palette != field->palette())
+        field->setPalette(palette);
 }
 
 void WidgetMFA_BR442::OnUpdateSecondTimer()
@@ -104,7 +115,8 @@ void WidgetMFA_BR442::OnUpdateSecondTimer()
     indication.indicators.SetIndicator(ui->label_msg1, Br442::SupervisionMessage(*locoData));
     indication.indicators.SetIndicator(ui->label_msg2, Br442::StateMessage(*locoData));
     // Last: a needle lets events run, and the window may be gone afterwards.
-    indication.ShowRecords(*locoData, Rules(), *this, labelBackground);
+    if (indication.ShowRecords(*locoData, Rules(), *this, labelBackground))
+        ShadeBrakeField();
 }
 
 const QVector<RecordRule<WidgetMFA_BR442>> &WidgetMFA_BR442::Rules()
