@@ -91,18 +91,22 @@ void WidgetMFA_BR442::RecolourEmptyFields()
         palette.setColor(QPalette::Window, labelBackground);
         field->setPalette(palette);
     }
-    ShadeBrakeField();
+    ShadeLightPictures();
 }
 
-/// The picture of the brake is light and needs a dark ground by day, too.
-void WidgetMFA_BR442::ShadeBrakeField()
+/// The picture of the brake and the scale of the LZB are light and need a dark ground by day, too.
+void WidgetMFA_BR442::ShadeLightPictures()
 {
-    LabelRailjet *field = ui->label_bremse;
-    const bool empty = field->pixmap(Qt::ReturnByValue).isNull();
-    QPalette palette = field->palette();
-    palette.setColor(QPalette::Window, empty ? labelBackground : QColor(Qt::black));
-    if (palette != field->palette())
-        field->setPalette(palette);
+    const std::pair<QWidget *, bool> fields[] = {
+        {ui->label_bremse, !ui->label_bremse->pixmap(Qt::ReturnByValue).isNull()},
+        {ui->label_lzb_display, ui->label_lzb_display->active},
+    };
+    for (const auto &[field, shown] : fields) {
+        QPalette palette = field->palette();
+        palette.setColor(QPalette::Window, shown ? QColor(Qt::black) : labelBackground);
+        if (palette != field->palette())
+            field->setPalette(palette);
+    }
 }
 
 void WidgetMFA_BR442::OnUpdateSecondTimer()
@@ -116,7 +120,7 @@ void WidgetMFA_BR442::OnUpdateSecondTimer()
     indication.indicators.SetIndicator(ui->label_msg2, Br442::StateMessage(*locoData));
     // Last: a needle lets events run, and the window may be gone afterwards.
     if (indication.ShowRecords(*locoData, Rules(), *this, labelBackground))
-        ShadeBrakeField();
+        ShadeLightPictures();
 }
 
 const QVector<RecordRule<WidgetMFA_BR442>> &WidgetMFA_BR442::Rules()
