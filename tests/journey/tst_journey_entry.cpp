@@ -75,7 +75,7 @@ void TestJourneyEntry::SubmitOverview() const
     QCOMPARE(Text("label_werte_vmax"), QString());
     Touch("label_eingabe_apply_2"); // too early
     QCOMPARE(RightPage(), QString("page_pzblzb_uebersicht"));
-    QTRY_COMPARE(Text("label_werte_vmax"), Text("label_eingabe_vmax"));
+    QTRY_COMPARE_WITH_TIMEOUT(Text("label_werte_vmax"), Text("label_eingabe_vmax"), 20000);
     LeavePicture(*screen, "entry_overview");
     Touch("label_eingabe_apply_2");
 }
