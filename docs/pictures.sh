@@ -30,7 +30,7 @@ mfa_BR_155                      mfa_br155
 mfa_8090                        mfa_oebb8090
 mfa_Railjet                     mfa_railjet
 entry_overview                  mfa_entry
-mfa_BR_442                      mfa_br442
+mfa_BR_442_night                mfa_br442
 mtd_BR_145_0_day                mtd_br145
 mtd_BR_145_1_day                mtd_effort
 mtd_BR_145_4_day                mtd_zde
@@ -50,9 +50,14 @@ server_radioButton_timetable    catalogue
 cabeditor                       cabeditor
 routeinfo                       routeinfo
 "
-rm -f docs/pictures/*.png
+mkdir "$left/taken"
 echo "$table" | while read -r from to; do
-    [ -z "$from" ] || cp "$left/$from.png" "docs/pictures/$to.png"
+    [ -z "$from" ] || cp "$left/$from.png" "$left/taken/$to.png"
+done
+rm -f docs/pictures/*.png
+cp "$left"/taken/*.png docs/pictures/
+for name in $(grep -oh 'pictures/[a-z0-9_]*\.png' docs/handbuch.md README.md | sort -u); do
+    [ -f "docs/${name#docs/}" ] || { echo "docs/$name is missing" >&2; exit 1; }
 done
 if command -v optipng >/dev/null; then
     optipng -quiet docs/pictures/*.png
