@@ -5,7 +5,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QTemporaryDir>
 
 namespace {
@@ -31,9 +30,6 @@ private slots:
     void init() { lines.clear(); }
     void unreadableKeysYieldTheirDefault_data();
     void unreadableKeysYieldTheirDefault();
-    void settingsSurviveTheFile();
-    void aChosenDataLocationHoldsSettingsAndFiles();
-    void foldersAreCreatedInOrder();
     void aFailedFolderEndsTheWorkWithOneWarning();
     void migrationCopiesAndKeepsTheSource();
     void migrationOntoItselfRemovesNothing();
@@ -67,53 +63,6 @@ void TestWorkFolders::unreadableKeysYieldTheirDefault()
     QCOMPARE(settings.UpdateInterval(), 500);
     QVERIFY(settings.CheckVersion());
     QCOMPARE(settings.EthernetPort(), 47812U);
-}
-
-void TestWorkFolders::settingsSurviveTheFile()
-{
-    const QTemporaryDir folder;
-    const QString path = folder.filePath("kabdata.ini");
-    const QByteArray geometry("\x01\x00\xd9", 3);
-    {
-        KabdataSettings settings(path);
-        settings.SetWorkFolder(QString::fromUtf8("/Züge, alle/work"));
-        settings.SetWindowGeometry("EbuLa", geometry);
-        settings.SetTopmost(true);
-        settings.SetEthernetPort(50000);
-    }
-    const KabdataSettings settings(path);
-    QCOMPARE(settings.WorkFolder(), QString::fromUtf8("/Züge, alle/work"));
-    QCOMPARE(settings.WindowGeometry("EbuLa"), geometry);
-    QVERIFY(settings.WindowGeometry("MTD").isEmpty());
-    QVERIFY(settings.Topmost());
-    QCOMPARE(settings.EthernetPort(), 50000U);
-}
-
-void TestWorkFolders::aChosenDataLocationHoldsSettingsAndFiles()
-{
-    const QTemporaryDir folder;
-    const QString before = DataLocation();
-    SetDataLocation(folder.path());
-    const KabdataSettings settings;
-    SetDataLocation(QString());
-    QCOMPARE(QFileInfo(settings.FileName()), QFileInfo(folder.filePath("kabdata.ini")));
-    QCOMPARE(DataLocation(), before);
-}
-
-void TestWorkFolders::foldersAreCreatedInOrder()
-{
-    const QTemporaryDir folder;
-    const QString work = folder.filePath("deep/work");
-    CreateWorkFolders(work, nullptr, Logger());
-    const QStringList names{
-        "",    "/roadsections", "/records", "/traintimetables", "/lococonfig/", "/runningdistance/",
-        "/tmp"};
-    QStringList expected;
-    for (const QString &name : names) {
-        QVERIFY(QDir(work + name).exists());
-        expected.append("1(Main) - Folder created: " + work + name);
-    }
-    QCOMPARE(lines, expected);
 }
 
 void TestWorkFolders::aFailedFolderEndsTheWorkWithOneWarning()
