@@ -6,6 +6,7 @@
 #include "ScriptedBridge.h"
 #include "ScriptedDialogs.h"
 #include "TSInterfaceBridge.h"
+#include "TestFiles.h"
 #include "TestMain.h"
 
 #include <QAction>
@@ -18,13 +19,6 @@
 
 /// Milliseconds for what takes several replies, also on a machine that is busy with other things.
 constexpr int kPatience = 30000;
-
-inline void WriteFile(const QString &path, const QByteArray &content)
-{
-    QFile file(path);
-    QVERIFY2(file.open(QIODevice::WriteOnly), qPrintable(path));
-    file.write(content);
-}
 
 template <typename Type>
 Type *Child(const QObject *parent, const char *name)

@@ -14,13 +14,6 @@
 #include <QTimer>
 
 namespace {
-QByteArray Content(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly | QIODevice::Text) ? file.readAll()
-                                                            : QByteArray("missing");
-}
-
 void PressIn(const QWidget *dialog, QDialogButtonBox::StandardButton button)
 {
     Child<QDialogButtonBox>(dialog, "buttonBox")->button(button)->click();
@@ -174,7 +167,7 @@ void TestConfigDialogs::overviewShowsAndSavesTheList()
     Child<QPushButton>(&dialog, "pushButton_save")->click();
     QCOMPARE(dialogs->requests[0].title, QString("ControllerList speichern"));
     QCOMPARE(dialogs->requests[0].filter, QString("Text Dateien (*.txt);;(Alle Dateien (*.*)"));
-    QCOMPARE(Content(folder->filePath("list.txt")),
+    QCOMPARE(ContentOf(folder->filePath("list.txt"), QIODevice::Text),
              QByteArray("ID : Name : Current Value : Min Value : Max Value\n"
                         "0 : Türen :  : 0 : 1\n1 : Tacho : 12.5 : -5 : 300\n"));
     const QString path = folder->filePath("no/such/folder/list.txt");
@@ -206,7 +199,7 @@ void TestConfigDialogs::overviewGoneInItsFileDialogIsHarmless()
     dialogs->whileOpen = [&dialog] { delete dialog; };
     dialog->OnSaveList();
     QVERIFY(dialog.isNull());
-    QCOMPARE(Content(folder->filePath("list.txt")), QByteArray("missing"));
+    QCOMPARE(ContentOf(folder->filePath("list.txt"), QIODevice::Text), QByteArray("(missing)"));
 }
 
 void TestConfigDialogs::changedSettingsReachTheMainWindow()
@@ -301,4 +294,5 @@ void TestConfigDialogs::theMainWindowMayGoWithADialogOpen()
 }
 
 ZUGBLICK_TEST_MAIN(TestConfigDialogs)
+#include "TestFiles.h"
 #include "tst_configdialogs.moc"

@@ -47,7 +47,6 @@ private slots:
     void writesGoOutAtOnce();
     void theBacklogStretchesTheInterval();
     void closingIsRefusedWhileSomethingRuns();
-    void recordingAsksOnlyWhenTheUserStopsIt();
     void aFailedRecordingStopsWithoutAsking();
     void theCabEditorOpensAndClosesWithTheMainWindow();
     void aBoxGoesWithItsParent();
@@ -55,7 +54,7 @@ private slots:
 private:
     QString Loco() const { return Child<QLabel>(window.get(), "label_loco")->text(); }
     QStringList StatusTexts() const;
-    void Open(const QByteArray &loco = "BR 143");
+    void Open();
 };
 
 void TestKabdataMain::init()
@@ -81,11 +80,11 @@ QStringList TestKabdataMain::StatusTexts() const
     return texts;
 }
 
-void TestKabdataMain::Open(const QByteArray &loco)
+void TestKabdataMain::Open()
 {
     bridge->Answer(6, "1:123.5::5:4.75::99:1::x::");
     bridge->Answer(8, "OK");
-    Connect(kTrain, loco, kControllers);
+    Connect(kTrain, "BR 143", kControllers);
 }
 
 void TestKabdataMain::learnsTheLocoAndPolls()
@@ -273,26 +272,6 @@ void TestKabdataMain::closingIsRefusedWhileSomethingRuns()
     window.reset();
     QCOMPARE(KabdataSettings().EthernetIp(), QString("bridge.local"));
     QVERIFY(!KabdataSettings().MainWindowGeometry().isEmpty());
-}
-
-void TestKabdataMain::recordingAsksOnlyWhenTheUserStopsIt()
-{
-    QAction *record = Action("actionRecord");
-    record->trigger();
-    QCOMPARE(record->text(), QString("Stop Record"));
-    record->trigger();
-    QCOMPARE(record->text(), QString("Start Record"));
-    QVERIFY(dialogs->boxes.isEmpty());
-
-    settings->SetSendData(true);
-    OpenWindow();
-    record = Action("actionRecord");
-    dialogs->answers = {UserDialogs::Answer::No};
-    record->trigger();
-    record->trigger();
-    QCOMPARE(
-        dialogs->BoxTexts(),
-        QStringList{QString::fromUtf8("Möchtest du die aufgezeichnete Fahrt zum Server senden?")});
 }
 
 void TestKabdataMain::aFailedRecordingStopsWithoutAsking()

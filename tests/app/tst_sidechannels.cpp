@@ -4,6 +4,7 @@
 #include "Log.h"
 #include "LogWriter.h"
 #include "RunningDistance.h"
+#include "TestFiles.h"
 #include "TestMain.h"
 #include "TrainData.h"
 #include "TripRecord.h"
@@ -18,13 +19,6 @@
 #include <memory>
 
 namespace {
-QString FileText(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly | QIODevice::Text) ? QString::fromUtf8(file.readAll())
-                                                            : QStringLiteral("(missing)");
-}
-
 QStringList WithoutTime(const QString &text)
 {
     QStringList lines;
@@ -67,10 +61,8 @@ void TestSideChannels::logFileHoldsWhatTheViewFilters()
     QPlainTextEdit view;
     settings->SetLogAsFile(true);
     settings->SetLogViewLevel(LogWarning);
-    QFile earlier(WorkFolders::LogFile(folder->path()));
-    QVERIFY(earlier.open(QIODevice::WriteOnly));
-    earlier.write("an earlier run\n");
-    earlier.close();
+    const QString path = WorkFolders::LogFile(folder->path());
+    WriteFile(path, "an earlier run\n");
 
     LogWriter log(&view, settings.get());
     log.Write("(Main) - quiet", LogNotification);
@@ -80,7 +72,7 @@ void TestSideChannels::logFileHoldsWhatTheViewFilters()
 
     QCOMPARE(WithoutTime(view.toPlainText()),
              QStringList({QString::fromUtf8(" (Main) - für 100%1"), " (Main) - now seen"}));
-    QCOMPARE(WithoutTime(FileText(earlier.fileName())),
+    QCOMPARE(WithoutTime(QString::fromUtf8(ContentOf(path, QIODevice::Text))),
              QStringList({"-(Main) - quiet", QString::fromUtf8("-(Main) - für 100%1"),
                           "-(Main) - now seen"}));
     QVERIFY(
@@ -90,11 +82,11 @@ void TestSideChannels::logFileHoldsWhatTheViewFilters()
 void TestSideChannels::runningDistanceIsAWholeNumber_data()
 {
     QTest::addColumn<float>("kilometres");
-    QTest::addColumn<QString>("content");
+    QTest::addColumn<QByteArray>("content");
 
-    QTest::newRow("half up") << 12.5F << "13\n";
-    QTest::newRow("beyond an int") << 1e30F << "2147483647\n";
-    QTest::newRow("not a number") << std::nanf("") << "0\n";
+    QTest::newRow("half up") << 12.5F << QByteArray("13\n");
+    QTest::newRow("beyond an int") << 1e30F << QByteArray("2147483647\n");
+    QTest::newRow("not a number") << std::nanf("") << QByteArray("0\n");
 }
 
 void TestSideChannels::runningDistanceIsAWholeNumber()
@@ -104,8 +96,8 @@ void TestSideChannels::runningDistanceIsAWholeNumber()
     QCOMPARE(QFileInfo(path).fileName(), QString("DB_BR 101.dist"));
     WriteRunningDistance(path, 123456.0F); // what is replaced is longer
     WriteRunningDistance(path, kilometres);
-    QTEST(FileText(path), "content");
-    QCOMPARE(ReadRunningDistance(path).value_or(-1), FileText(path).trimmed().toInt());
+    QTEST(ContentOf(path, QIODevice::Text), "content");
+    QCOMPARE(ReadRunningDistance(path).value_or(-1), ContentOf(path).trimmed().toInt());
     QVERIFY(!ReadRunningDistance(folder->filePath("none.dist")).has_value());
 }
 
@@ -113,10 +105,7 @@ void TestSideChannels::foreignDistancesReadAsZero()
 {
     for (const QByteArray &content : {QByteArray("12.7\n"), QByteArray(), QByteArray(5000, 'x')}) {
         const QString path = RunningDistancePath(folder->path(), "loco");
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(content);
-        file.close();
+        WriteFile(path, content);
         QCOMPARE(ReadRunningDistance(path).value_or(-1), 0);
     }
 }

@@ -1,26 +1,12 @@
 #include "KabdataSettings.h"
 #include "ScriptedDialogs.h"
+#include "TestFiles.h"
 #include "TestMain.h"
 #include "WorkFolders.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-
-namespace {
-void WriteFile(const QString &path, const QByteArray &content)
-{
-    QFile file(path);
-    QVERIFY2(file.open(QIODevice::WriteOnly), qPrintable(path));
-    file.write(content);
-}
-
-QByteArray ReadFile(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
-}
-} // namespace
 
 class TestWorkFolders : public QObject
 {
@@ -100,15 +86,15 @@ void TestWorkFolders::migrationCopiesAndKeepsTheSource()
              QString("Altes Verzeichnis gefunden.\n%1\nSollen alle Dateien ins neue "
                      "Arbeitsverzeichnis kopiert werden?")
                  .arg(from + "/roadsections"));
-    QCOMPARE(ReadFile(to + "/roadsections/a.sfp"), QByteArray("old a"));
-    QCOMPARE(ReadFile(to + "/roadsections/b.sfp"), QByteArray("new b"));
-    QCOMPARE(ReadFile(from + "/roadsections/a.sfp"), QByteArray("old a"));
+    QCOMPARE(ContentOf(to + "/roadsections/a.sfp"), QByteArray("old a"));
+    QCOMPARE(ContentOf(to + "/roadsections/b.sfp"), QByteArray("new b"));
+    QCOMPARE(ContentOf(from + "/roadsections/a.sfp"), QByteArray("old a"));
     QVERIFY2(!QDir(from + "/records").exists(), "an empty source folder goes");
     QVERIFY(lines.contains("1(Main) - moved file from " + from + "/roadsections/a.sfp to " + to
                            + "/roadsections/a.sfp"));
     QVERIFY(lines.contains("1(Main) - can not moving file from " + from + "/roadsections/b.sfp to "
                            + to + "/roadsections/b.sfp"));
-    QCOMPARE(ReadFile(to + "/locos.cfg"), QByteArray("assignments"));
+    QCOMPARE(ContentOf(to + "/locos.cfg"), QByteArray("assignments"));
 }
 
 void TestWorkFolders::migrationOntoItselfRemovesNothing()
@@ -139,7 +125,7 @@ void TestWorkFolders::importSortsBySuffixUpToTheFirstFailure()
         QVERIFY2(report.contains(" -> " + work + "/" + target + "\n"), qPrintable(report));
     }
     QVERIFY(report.contains(files.first() + " falsches Dateiformat\n"));
-    QCOMPARE(ReadFile(work + "/runningdistance/e.dist"), QByteArray("kept"));
+    QCOMPARE(ContentOf(work + "/runningdistance/e.dist"), QByteArray("kept"));
     QVERIFY(!QFile::exists(work + "/lococonfig/z.cfg"));
 }
 

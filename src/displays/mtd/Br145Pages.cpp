@@ -1,7 +1,6 @@
 #include "Br145Pages.h"
 
 #include "KeyRule.h"
-
 #include "ZdeEntry.h"
 
 #include <QVector>
