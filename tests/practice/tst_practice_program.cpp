@@ -41,7 +41,6 @@ private slots:
     void itTellsItsPortAndServes();
     void itServesTheWebAndObeysStandardInput();
     void theZugblickInFrontIsSentToItsPorts();
-    void aZugblickThatCannotStartEndsIt();
 };
 
 void TestPracticeProgram::wrongArgumentsAreExplained_data()
@@ -116,15 +115,6 @@ void TestPracticeProgram::theZugblickInFrontIsSentToItsPorts()
     QCOMPARE(said,
              "listening on " + QByteArray::number(settings.EthernetPort()) + "\nweb on "
                  + settings.UrlHost().section(':', -1).toUtf8() + '\n');
-}
-
-void TestPracticeProgram::aZugblickThatCannotStartEndsIt()
-{
-    const QTemporaryDir folder;
-    Program program({"--workfolder", folder.path(), "--front", folder.filePath("missing")});
-    QVERIFY(program.Ends());
-    QCOMPARE(program.process.exitCode(), 1);
-    QVERIFY(program.process.readAllStandardError().contains("missing"));
 }
 
 ZUGBLICK_TEST_MAIN(TestPracticeProgram)
