@@ -94,7 +94,7 @@ void Import(benchmark::State &state)
 
 WidgetDrawRoute &Window()
 {
-    static WidgetDrawRoute window;
+    static auto &window = *new WidgetDrawRoute; // must not outlive the application
     if (window.nodes.isEmpty()) {
         QFile file(Extract(200000));
         file.open(QIODevice::ReadOnly | QIODevice::Text);
