@@ -9,6 +9,9 @@
 #include <QTextCursor>
 #include <QTime>
 
+#include <algorithm>
+#include <limits>
+
 namespace {
 /// Warnings and errors stand out on a light and on a dark palette alike.
 QColor ColorOf(int level, const QPalette &palette)
@@ -41,9 +44,10 @@ void LogWriter::Write(const QString &text, int level)
 
 void LogWriter::WriteToView(const QString &time, const QString &text, int level)
 {
-    // A reader who scrolled up keeps the place; the view follows only from its end.
+    // A reader who scrolled up keeps the place; the view follows only from its end. A smaller
+    // window, or a scroll bar below a long line, moves the end away from a view that follows.
     QScrollBar *bar = view->verticalScrollBar();
-    const bool atEnd = bar->value() == bar->maximum();
+    const bool atEnd = bar->value() >= std::min(bar->maximum(), followedTo);
     QTextCursor cursor(view->document());
     cursor.movePosition(QTextCursor::End);
     if (!view->document()->isEmpty())
@@ -53,6 +57,7 @@ void LogWriter::WriteToView(const QString &time, const QString &text, int level)
     cursor.insertText(time + QLatin1Char(' ') + text, format);
     if (atEnd)
         bar->setValue(bar->maximum());
+    followedTo = atEnd ? bar->value() : std::numeric_limits<int>::max();
 }
 
 void LogWriter::WriteToFile(const QString &time, const QString &text)

@@ -24,4 +24,5 @@ private:
     QPlainTextEdit *view;
     const KabdataSettings *settings;
     QFile logFile;
+    int followedTo = 0; ///< where the last line left a view that follows, in lines
 };

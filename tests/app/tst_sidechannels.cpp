@@ -13,6 +13,7 @@
 #include <QFile>
 #include <QPlainTextEdit>
 #include <QRegularExpression>
+#include <QScrollBar>
 #include <QTemporaryDir>
 
 #include <cmath>
@@ -35,6 +36,7 @@ class TestSideChannels : public QObject
 private slots:
     void init();
     void logFileHoldsWhatTheViewFilters();
+    void logViewKeepsThePlaceOfAReader();
 
     void runningDistanceIsAWholeNumber_data();
     void runningDistanceIsAWholeNumber();
@@ -77,6 +79,30 @@ void TestSideChannels::logFileHoldsWhatTheViewFilters()
                           "-(Main) - now seen"}));
     QVERIFY(
         QRegularExpression("^\\d\\d:\\d\\d:\\d\\d\\.\\d{3} ").match(view.toPlainText()).hasMatch());
+}
+
+void TestSideChannels::logViewKeepsThePlaceOfAReader()
+{
+    QPlainTextEdit view;
+    view.setLineWrapMode(QPlainTextEdit::NoWrap);
+    view.resize(200, 60);
+    view.show();
+    LogWriter log(&view, settings.get());
+    for (int line = 0; line < 40; ++line)
+        log.Write("(Main) - line", LogWarning);
+    QScrollBar *bar = view.verticalScrollBar();
+    QVERIFY(bar->maximum() > 0);
+    QCOMPARE(bar->value(), bar->maximum());
+    view.resize(200, 40);
+    log.Write("(Main) - " + QString(200, 'x'), LogWarning);
+    QCoreApplication::processEvents(); // a scroll bar appears below
+    log.Write("(Main) - another", LogWarning);
+    QCOMPARE(bar->value(), bar->maximum());
+    bar->setValue(3);
+    for (int line = 0; line < 2; ++line) {
+        log.Write("(Main) - another", LogWarning);
+        QCOMPARE(bar->value(), 3);
+    }
 }
 
 void TestSideChannels::runningDistanceIsAWholeNumber_data()

@@ -1,6 +1,8 @@
 // The way that a newcomer takes: "Start", a loco that is learnt, gauges that move with the train.
 
 #include "Journey.h"
+#include "KabdataSettings.h"
+#include "Log.h"
 #include "Manometer.h"
 #include "Pictures.h"
 #include "TestMain.h"
@@ -23,6 +25,7 @@ private slots:
 void TestJourney::gaugesMoveWithTheDrivingTrain()
 {
     Journey journey("BR 145 023 Rheintal");
+    KabdataSettings().SetLogViewLevel(LogNotification); // for the picture, as a newcomer has it
     QVERIFY(journey.Connect());
     QVERIFY(journey.Loco().valid);
     journey.Trigger("actionPressure");

@@ -2,6 +2,7 @@
 
 #include "KabdataSettings.h"
 #include "TrainData.h"
+#include "WindowDrag.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>
@@ -17,6 +18,7 @@ WidgetMFA::WidgetMFA(KabdataSettings *windowSettings, TrainData *train, QWidget 
     : QWidget(parent, windowFlags), trainData(train), settings(windowSettings)
 {
     setAttribute(Qt::WA_DeleteOnClose);
+    new WindowDrag(this);
     connect(&updateTimer, &QTimer::timeout, this, &WidgetMFA::OnUpdateSecondTimer);
 }
 

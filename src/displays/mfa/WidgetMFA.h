@@ -12,8 +12,8 @@ struct TrainData;
 struct TrainDataIntern;
 
 /// Base of the indicator screens: a window of its own that polls the live records on a timer and
-/// frees itself when closed. It keeps its geometry in the settings under its window title, which
-/// each form sets before the geometry is restored.
+/// frees itself when closed. It has no title bar and is drawn by its face. It keeps its geometry in
+/// the settings under its window title, which each form sets before the geometry is restored.
 ///
 /// GUI thread only. The pointers are observed: the main window owns what they point to and
 /// outlives every screen.

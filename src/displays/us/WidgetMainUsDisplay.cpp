@@ -5,6 +5,7 @@
 #include "Numbers.h"
 #include "TrainData.h"
 #include "WidgetES44AC.h"
+#include "WindowDrag.h"
 
 #include "ui_WidgetMainUsDisplay.h"
 
@@ -68,6 +69,7 @@ WidgetMainUsDisplay::WidgetMainUsDisplay(KabdataSettings *storage, TrainData *tr
     setWindowTitle(QStringLiteral("ES44AC"));
     setWindowIcon(QIcon(QStringLiteral(":/icons/icon_us")));
     setAttribute(Qt::WA_DeleteOnClose);
+    new WindowDrag(this);
     screen = new WidgetES44AC(settings, trainData, ScreenArea());
     screen->resize(ScreenArea()->size());
     if (settings != nullptr)

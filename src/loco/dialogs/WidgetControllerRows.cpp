@@ -15,7 +15,7 @@
 namespace {
 const QString kNotUsed = QStringLiteral("nicht verwenden");
 constexpr int kGap = 4;
-constexpr int kColumnGap = 6;
+constexpr int kColumnGap = 8;
 
 struct Head
 {

@@ -25,6 +25,7 @@ private slots:
     void ClosedDuringTheFunctionTest_data();
     void ClosedDuringTheFunctionTest();
     void ClosedDuringANeedleSweep();
+    void TheFaceDrawsTheWindowButNoKeyDoes();
     void ClosingKeepsTheGeometry();
     void WithoutSettingsAndRecords();
 };
@@ -101,6 +102,28 @@ void TestMfaLifetime::ClosedDuringANeedleSweep()
         window->OnUpdateSecondTimer();
         QTRY_VERIFY(window.isNull());
     }
+}
+
+void TestMfaLifetime::TheFaceDrawsTheWindowButNoKeyDoes()
+{
+    LocoFixture fixture;
+    WidgetMFA_Railjet window(&fixture.settings, &fixture.train);
+    window.setAttribute(Qt::WA_DeleteOnClose, false);
+    window.show();
+    const QPoint place = window.pos();
+    const auto drag = [&window](const char *from, Qt::MouseButton button) {
+        auto *part = window.findChild<QWidget *>(QLatin1String(from));
+        QTest::mousePress(part, button, {}, {4, 4});
+        QMouseEvent move(QEvent::MouseMove, QPointF(24, 14), Qt::NoButton, button, {});
+        QCoreApplication::sendEvent(part, &move);
+        QTest::mouseRelease(part, button, {}, {4, 4});
+        QCoreApplication::sendEvent(part, &move); // the button is up again
+    };
+    drag("label_menu1", Qt::LeftButton);
+    drag("widget_speedometer", Qt::RightButton);
+    QCOMPARE(window.pos(), place);
+    drag("widget_speedometer", Qt::LeftButton);
+    QCOMPARE(window.pos(), place + QPoint(20, 10));
 }
 
 void TestMfaLifetime::ClosingKeepsTheGeometry()
