@@ -6,20 +6,19 @@ cd "$(dirname "$0")/../.."
 packaging/windows/build.sh
 out=$PWD/build/windows
 tree=$out/tree
-wine=$PWD/packaging/windows/wine.sh
 export WINEPREFIX="$out/wine" WINEDEBUG=-all
 
 wait_for_wine() { /usr/lib/wine/wineserver64 -w; }
 
 registry() {
-    "$wine" reg add "$@" /f > "$out/wine.log" 2>&1
+    /usr/lib/wine/wine64 reg add "$@" /f > "$out/wine.log" 2>&1
 }
 
 # A virtual desktop, since without one every window costs seconds; no box that waits for a click
 # after a crash; no offer to fetch what no test needs.
 make_prefix() {
     export WINEDLLOVERRIDES="mscoree,mshtml="
-    xvfb-run -a "$wine" wineboot -i > "$out/wine.log" 2>&1
+    xvfb-run -a /usr/lib/wine/wine64 wineboot -i > "$out/wine.log" 2>&1
     registry 'HKCU\Software\Wine' /v Version /d win10
     registry 'HKCU\Software\Wine\Explorer' /v Desktop /d Default
     registry 'HKCU\Software\Wine\Explorer\Desktops' /v Default /d 1280x800
@@ -36,11 +35,12 @@ put_fonts() {
         "$out/fonts/"
 }
 
-# start TITLE PROGRAM OPTION...: from the unpacked zip, on a screen; its window has to come up, and
-# the program has to end by itself once that is closed.
+# start VERSION PROGRAM OPTION...: from the unpacked zip, on a screen; its window has to come up, and
+# the program has to end by itself once that is closed. Nothing but the zip's own libraries is in
+# reach.
 start() {
     (cd "$out/unpacked/$name" && xvfb-run -a -s '-screen 0 1280x800x24' \
-        "$wine" "$tree/packaging/windows/show_and_close.exe" "$@")
+        /usr/lib/wine/wine64 "$tree/packaging/windows/show_and_close.exe" "$@")
 }
 
 [ -f "$WINEPREFIX/made" ] || {
