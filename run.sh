@@ -3,8 +3,9 @@
 # folder of its own below build/run: a user's own files are never touched. Without a display it
 # takes the journey instead: it drives by itself and leaves a picture of every window.
 #
-# With --direct first, Zugblick loads the practice simulator's library instead of connecting over
-# TCP. Other options go to the practice simulator (see practice/uebungsbetrieb.sh).
+# With --direct, Zugblick loads the practice simulator's library into its own process, as it does
+# beside the real simulator, and no network is in between. Other options go to the practice
+# simulator; --help lists them.
 set -eu
 cd "$(dirname "$0")"
 packaging/install-packages.sh
@@ -27,9 +28,5 @@ if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
 fi
 
 cmake --build --preset run
-export ZUGBLICK_PROGRAM="$build/src/app/zugblick"
-export ZUGBLICK_PRACTICE_PROGRAM="$build/practice/zugblick-practice"
-export ZUGBLICK_SAMPLES="$PWD/practice/workfolder"
-export ZUGBLICK_SIMULATOR="$build/practice/simulator"
-export ZUGBLICK_PRACTICE_HOME="$build/home"
-exec practice/uebungsbetrieb.sh "$@"
+exec "$build/practice/zugblick-practice" --front "$build/src/app/zugblick" \
+    --workfolder "$build/home" "$@"

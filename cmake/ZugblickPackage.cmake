@@ -2,16 +2,12 @@
 # put together by packaging/windows.
 include(GNUInstallDirs)
 set(assets "${CMAKE_SOURCE_DIR}/packaging/debian")
-set(share "${CMAKE_INSTALL_DATADIR}/zugblick")
 set(doc "${CMAKE_INSTALL_DATADIR}/doc/zugblick")
 
 install(TARGETS zugblick zugblick-practice RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
 install(TARGETS practice-raildriver LIBRARY DESTINATION lib/zugblick/simulator/plugins)
 install(DIRECTORY "${CMAKE_BINARY_DIR}/practice/simulator/Content"
         DESTINATION lib/zugblick/simulator)
-install(DIRECTORY practice/workfolder DESTINATION "${share}")
-install(PROGRAMS practice/uebungsbetrieb.sh DESTINATION "${CMAKE_INSTALL_BINDIR}"
-        RENAME zugblick-uebungsbetrieb)
 
 foreach(entry zugblick zugblick-uebungsbetrieb)
   install(FILES "${assets}/${entry}.desktop"
@@ -47,7 +43,7 @@ function(zugblick_install_packed source name destination)
   install(FILES "${packed}" DESTINATION "${destination}")
 endfunction()
 file(MAKE_DIRECTORY "${CMAKE_BINARY_DIR}/packed")
-foreach(page zugblick zugblick-practice zugblick-uebungsbetrieb)
+foreach(page zugblick zugblick-practice)
   zugblick_install_packed("${assets}/${page}.1" ${page}.1 "${CMAKE_INSTALL_MANDIR}/man1")
 endforeach()
 zugblick_install_packed("${assets}/changelog" changelog "${doc}")

@@ -6,6 +6,17 @@
 #include <QDir>
 
 namespace practice {
+namespace {
+/// Beside this program, or where an installed one keeps it.
+QString SimulatorFolder()
+{
+    const QDir here(QCoreApplication::applicationDirPath());
+    const QString beside = here.filePath(QStringLiteral("simulator"));
+    return QDir(beside).exists()
+        ? beside
+        : QDir::cleanPath(here.filePath(QStringLiteral("../lib/zugblick/simulator")));
+}
+} // namespace
 
 Front::Front(const QString &programToStart, const QString &folder, QObject *parent)
     : QObject(parent), program(programToStart), workFolder(QDir(folder).absolutePath())
@@ -31,24 +42,32 @@ Front::~Front()
 
 void Front::Start(quint16 port, quint16 webPort)
 {
-    WriteSettings(port, webPort);
-    process.start(program, {QStringLiteral("--data"), workFolder});
+    Start(1, port, QStringLiteral("http://127.0.0.1:%1").arg(webPort));
 }
 
-void Front::WriteSettings(quint16 port, quint16 webPort) const
+void Front::StartDirect(const QStringList &trainArguments)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("ZUGBLICK_PRACTICE"), trainArguments.join(QLatin1Char(';')));
+    process.setProcessEnvironment(environment);
+    Start(0, 47812, QString());
+}
+
+void Front::Start(int interfaceType, quint16 port, const QString &host)
 {
     KabdataSettings settings(workFolder + QStringLiteral("/kabdata.ini"));
     settings.SetCheckVersion(false);
-    settings.SetInterfaceType(1);
+    settings.SetLogViewLevel(0);
+    settings.SetInterfaceType(interfaceType);
     settings.SetEthernetIp(QStringLiteral("127.0.0.1"));
     settings.SetEthernetPort(port);
     settings.SetWorkFolder(workFolder);
-    settings.SetSimulatorPath(QCoreApplication::applicationDirPath()
-                              + QStringLiteral("/simulator"));
-    settings.SetUrlHost(QStringLiteral("http://127.0.0.1:%1").arg(webPort));
+    settings.SetSimulatorPath(SimulatorFolder());
+    settings.SetUrlHost(host);
     settings.SetUserName(QStringLiteral("practice"));
     settings.SetUserHash(QStringLiteral("practice"));
     settings.Sync();
+    process.start(program, {QStringLiteral("--data"), workFolder});
 }
 
 void Front::OnError(QProcess::ProcessError error)

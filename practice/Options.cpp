@@ -1,10 +1,13 @@
 #include "Options.h"
 
+#include "Line.h"
 #include "LocoTable.h"
-#include "Schedule.h"
+#include "PlanFiles.h"
 #include "Version.h"
 
 #include <QCommandLineParser>
+#include <QFile>
+#include <QStandardPaths>
 
 #include <cmath>
 #include <limits>
@@ -25,7 +28,8 @@ constexpr OptionText kOptions[] = {
     {"any-address", "Listen on every address of this machine and not only on its own."},
     {"loco", "Loco to drive, by the name in --list-locos.", "NAME"},
     {"list-locos", "Print the names of the locos and end."},
-    {"timetable", "Timetable to run by, the name of a .tfp file of the work folder.", "NAME"},
+    {"timetable",
+     "Timetable to run by: a .tfp file of the work folder, or another one by its path.", "NAME"},
     {"late", "Seconds by which the train runs late, early when below 0.", "SECONDS", "0"},
     {"speedup", "How much faster than real time the train runs.", "FACTOR", "1"},
     {"hand-timeout", "Seconds after a written lever until the driver takes over again.", "SECONDS",
@@ -45,6 +49,9 @@ constexpr OptionText kOptions[] = {
      "Start this Zugblick in front, with its settings in the work folder, and end with it. Ports "
      "that are not given are any free ones.",
      "PROGRAM"},
+    {"direct",
+     "With --front: Zugblick loads the train's library into its own process, and no network is in "
+     "between."},
     {"run-for", "End after so many seconds.", "SECONDS", "0"},
     {"exit-with-stdin", "End when standard input is closed."},
 };
@@ -84,6 +91,32 @@ bool ReadNumbers(const QCommandLineParser &parser, Options &options, QString &te
     return false;
 }
 
+/// A file holds what its user last saved; without one the timetable is that of the practice line.
+bool FindTimeTable(Options &options, QString &text)
+{
+    const QString name = options.timetable;
+    const bool isPath = name.endsWith(QLatin1String(".tfp"), Qt::CaseInsensitive);
+    const QString path =
+        isPath ? name : options.workFolder + QStringLiteral("/traintimetables/%1.tfp").arg(name);
+    const Line line;
+    QFile file(path);
+    if ((isPath || !options.workFolder.isEmpty()) && file.open(QIODevice::ReadOnly)) {
+        if (ReadTimeTableText(file.readAll(), line, options.schedule))
+            return true;
+        text = QStringLiteral("--timetable: no train can run by %1; that takes a start with its "
+                              "time, an end, and stations of the practice line in their order")
+                   .arg(path);
+        return false;
+    }
+    if (!ScheduleNames().contains(name)) {
+        text = QStringLiteral("--timetable: no timetable \"%1\"; the timetables are\n%2")
+                   .arg(name, ScheduleNames().join(QLatin1Char('\n')));
+        return false;
+    }
+    options.schedule = FindSchedule(name, line);
+    return true;
+}
+
 bool ReadNames(const QCommandLineParser &parser, Options &options, QString &text)
 {
     options.loco = parser.value(QStringLiteral("loco"));
@@ -93,11 +126,8 @@ bool ReadNames(const QCommandLineParser &parser, Options &options, QString &text
         return false;
     }
     options.timetable = parser.value(QStringLiteral("timetable"));
-    if (!options.timetable.isEmpty() && !ScheduleNames().contains(options.timetable)) {
-        text = QStringLiteral("--timetable: no timetable \"%1\"; the timetables are\n%2")
-                   .arg(options.timetable, ScheduleNames().join(QLatin1Char('\n')));
+    if (!options.timetable.isEmpty() && !FindTimeTable(options, text))
         return false;
-    }
     const QString fault = parser.value(QStringLiteral("fault"));
     if (!fault.isEmpty() && !ReadFault(fault, options.fault)) {
         text = QStringLiteral("--fault: \"%1\" is not drop, stall, garbage or split, with a "
@@ -123,6 +153,31 @@ bool ReadWeb(const QCommandLineParser &parser, Options &options, QString &text)
                           "xml, with a number above 0 behind a colon or without")
                .arg(fault);
     return false;
+}
+
+bool ReadFront(const QCommandLineParser &parser, Options &options, QString &text)
+{
+    options.direct = parser.isSet(QStringLiteral("direct"));
+    if (options.direct && options.front.isEmpty()) {
+        text = QStringLiteral("--direct: only with --front");
+        return false;
+    }
+    if (options.front.isEmpty())
+        return true;
+    options.web = true;
+    if (!parser.isSet(QStringLiteral("port")))
+        options.port = 0;
+    options.trainArguments = QStringList{"--workfolder", options.workFolder};
+    for (const OptionText &each : kOptions) {
+        const QString name = QString::fromLatin1(each.name);
+        const bool own = QStringList{"front", "direct", "workfolder"}.contains(name);
+        if (own || !parser.isSet(name))
+            continue;
+        options.trainArguments << QStringLiteral("--") + name;
+        if (*each.value != '\0')
+            options.trainArguments << parser.value(name);
+    }
+    return true;
 }
 
 } // namespace
@@ -151,7 +206,10 @@ bool ReadOptions(const QStringList &arguments, Options &options, QString &text, 
     }
     options.everyAddress = parser.isSet(QStringLiteral("any-address"));
     options.exitWithStdin = parser.isSet(QStringLiteral("exit-with-stdin"));
+    options.front = parser.value(QStringLiteral("front"));
     options.workFolder = parser.value(QStringLiteral("workfolder"));
+    if (!options.front.isEmpty() && options.workFolder.isEmpty())
+        options.workFolder = QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
     if (parser.isSet(QStringLiteral("list-locos")))
         options.mode = Options::ListLocos;
     if (parser.isSet(QStringLiteral("write-workfolder"))) {
@@ -161,20 +219,17 @@ bool ReadOptions(const QStringList &arguments, Options &options, QString &text, 
     if (!ReadNumbers(parser, options, text) || !ReadNames(parser, options, text)
         || !ReadWeb(parser, options, text))
         return false;
-    options.front = parser.value(QStringLiteral("front"));
-    if (!options.front.isEmpty()) {
-        options.web = true;
-        if (!parser.isSet(QStringLiteral("port")))
-            options.port = 0;
-    }
-    return true;
+    return ReadFront(parser, options, text);
 }
 
 void SetUp(TrainModel &model, const Options &options)
 {
     if (!options.loco.isEmpty())
         model.SetLoco(options.loco);
-    model.SetSchedule(options.timetable, options.late);
+    if (options.schedule.stops.isEmpty())
+        model.SetSchedule(QString(), options.late);
+    else
+        model.SetSchedule(options.schedule, options.late);
     model.SetHandSeconds(options.handSeconds);
 }
 

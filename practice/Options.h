@@ -1,6 +1,7 @@
 #pragma once
 
 #include "PracticeServer.h"
+#include "Schedule.h"
 #include "WebServer.h"
 
 #include <QString>
@@ -17,6 +18,7 @@ struct Options
     bool everyAddress = false;
     QString loco;
     QString timetable;
+    Schedule schedule; ///< what that names; without stops when none is named
     int late = 0; ///< seconds
     double speedUp = 1.0;
     double handSeconds = 120.0;
@@ -30,6 +32,8 @@ struct Options
     QByteArray webVersion; ///< empty for the version of this program
     QString workFolder; ///< to write, or to fill up
     QString front; ///< the Zugblick to start in front, empty for none
+    bool direct = false; ///< it loads the train's library, and nothing is served
+    QStringList trainArguments; ///< the work folder and all that concern the train
 };
 
 /// Reads the arguments, the program's name first. On a wrong one returns false, and `text` says

@@ -2,6 +2,8 @@
 
 #include "Numbers.h"
 
+#include <QTime>
+
 #include <algorithm>
 #include <cmath>
 
@@ -69,6 +71,38 @@ QStringList FirstColumns(int index, const PlanPoint &point, const Line &line, bo
             point.name};
 }
 
+int SecondOfDay(const QString &text)
+{
+    const QTime time = QTime::fromString(text, QStringLiteral("HH:mm:ss"));
+    return time.isValid() ? time.msecsSinceStartOfDay() / 1000 : -1;
+}
+
+void TakeRow(const QStringList &columns, const Line &line, QVector<ScheduledStop> &stops)
+{
+    if (columns.size() < 10)
+        return;
+    const int kind = ToInt(columns[8]);
+    const int station = line.FindStation(columns[5]);
+    const bool halts = kind >= int(StopKind::Start) && kind <= int(StopKind::Stop);
+    if (station >= 0 && (halts || kind == int(StopKind::Pass))) {
+        stops.append({station, SecondOfDay(columns[6]), SecondOfDay(columns[7]),
+                      static_cast<StopKind>(kind)});
+    }
+}
+
+bool CanBeRun(const QVector<ScheduledStop> &stops)
+{
+    if (stops.size() < 2 || stops.first().kind != StopKind::Start || stops.first().departure < 0
+        || stops.last().kind != StopKind::End)
+        return false;
+    return std::adjacent_find(stops.begin(), stops.end(),
+                              [](const ScheduledStop &a, const ScheduledStop &b) {
+                                  return a.station >= b.station || b.kind == StopKind::Start
+                                      || a.kind == StopKind::End;
+                              })
+        == stops.end();
+}
+
 } // namespace
 
 QString RoutePlanName(bool inMiles)
@@ -123,6 +157,28 @@ QByteArray TimeTableText(const Line &line, const Schedule &schedule)
                     << GradientMark(line.PositionAt(point.at).gradient));
     }
     return text.toUtf8();
+}
+
+bool ReadTimeTableText(const QByteArray &text, const Line &line, Schedule &schedule)
+{
+    constexpr int kFastest = 300; // for a file that gives the train no speed
+    schedule = Schedule();
+    const QStringList lines =
+        QString::fromUtf8(text).remove(QLatin1Char('\r')).split(QLatin1Char('\n'));
+    for (const QString &each : lines) {
+        const QString value = each.section(QLatin1Char('='), 1);
+        if (each.startsWith(QLatin1String("ScheduleID=")))
+            schedule.name = value;
+        else if (each.startsWith(QLatin1String("TrainNumber=")))
+            schedule.trainNumber = value;
+        else if (each.startsWith(QLatin1String("Vmax=")))
+            schedule.vmax = ToInt(value);
+        else
+            TakeRow(each.split(QLatin1Char(';')), line, schedule.stops);
+    }
+    if (schedule.vmax <= 0)
+        schedule.vmax = kFastest;
+    return CanBeRun(schedule.stops);
 }
 
 } // namespace practice

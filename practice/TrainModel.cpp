@@ -40,7 +40,12 @@ bool TrainModel::SetLoco(const QString &name)
 
 void TrainModel::SetSchedule(const QString &name, int lateSeconds)
 {
-    schedule = FindSchedule(name, line);
+    SetSchedule(FindSchedule(name, line), lateSeconds);
+}
+
+void TrainModel::SetSchedule(const Schedule &itsSchedule, int lateSeconds)
+{
+    schedule = itsSchedule;
     late = lateSeconds;
     Begin();
 }

@@ -24,6 +24,7 @@ public:
 
     /// Begins that timetable from its start, all of it `lateSeconds` later (earlier when below 0).
     void SetSchedule(const QString &name, int lateSeconds = 0);
+    void SetSchedule(const Schedule &itsSchedule, int lateSeconds);
 
     /// How long a written lever keeps the automatic driver's hands off, in seconds.
     void SetHandSeconds(double seconds) { handSeconds = seconds; }

@@ -8,7 +8,6 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QStandardPaths>
 #include <QTextStream>
 #include <QTimer>
 
@@ -108,6 +107,15 @@ int Run(QCoreApplication &app, const Options &options)
     return QCoreApplication::exec();
 }
 
+/// Only the Zugblick in front runs; the train is in its process.
+int RunDirect(QCoreApplication &app, const Options &options)
+{
+    Front front(options.front, options.workFolder);
+    QObject::connect(&front, &Front::sigEnded, &app, &QCoreApplication::exit, Qt::QueuedConnection);
+    front.StartDirect(options.trainArguments);
+    return QCoreApplication::exec();
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -129,12 +137,10 @@ int main(int argc, char **argv)
         Print(stdout, LocoNames().join(QLatin1Char('\n')));
         return 0;
     }
-    if (!options.front.isEmpty() && options.workFolder.isEmpty())
-        options.workFolder = QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
     if (!options.workFolder.isEmpty()) {
         const int failed = FillFolder(options);
         if (failed != 0 || options.mode == Options::WriteFolder)
             return failed;
     }
-    return Run(app, options);
+    return options.direct ? RunDirect(app, options) : Run(app, options);
 }

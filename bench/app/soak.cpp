@@ -18,7 +18,6 @@
 #include <QPlainTextEdit>
 #include <QProcess>
 #include <QPushButton>
-#include <QStandardPaths>
 #include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTextStream>
@@ -236,9 +235,11 @@ void Soak::Summarise()
 int main(int argc, char **argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Settings of its own: neither the user's nor those that tests share.
+    const QTemporaryDir home;
+    qputenv("XDG_DATA_HOME", QFile::encodeName(home.path()));
     const QApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("Zugblick"));
-    QStandardPaths::setTestModeEnabled(true);
     InitResources();
     const QStringList arguments = QCoreApplication::arguments();
     const double minutes = arguments.value(1).toDouble();

@@ -10,6 +10,7 @@
 #include "Resources.h"
 #include "TrainData.h"
 #include "WidgetMTD_BR145.h"
+#include "WidgetMTD_Railjet.h"
 
 #include <QApplication>
 #include <QBuffer>
@@ -85,7 +86,7 @@ void Drive(int reply, TrainData &train, LocoData &loco)
     loco.Beschleunigungsmesser.value = 140.0F + 100.0F * wave;
 }
 
-/// A screen as the main window opens it. A further class is one more call.
+/// A screen as the main window opens it.
 template <typename Screen>
 std::unique_ptr<QWidget> Open(KabdataSettings &settings, TrainData &train, LocoData &loco)
 {
@@ -138,6 +139,7 @@ int main(int argc, char **argv)
 
     std::vector<std::unique_ptr<QWidget>> screens;
     screens.push_back(Open<WidgetMTD_BR145>(settings, train, loco));
+    screens.push_back(Open<WidgetMTD_Railjet>(settings, train, loco));
     WidgetMFD *ebula = OpenEbulaWindow(&settings, &train, Qt::WindowFlags());
     screens.emplace_back(ebula);
     EbulaSceneOf(*ebula)->TakePlan(Plan());

@@ -34,21 +34,21 @@ apt-get install -q -y --no-install-recommends /tmp/zugblick_*.deb > /dev/null
 shows() {
     rm -f /tmp/seen
     xvfb-run -a -s "-screen 0 1366x768x24" sh -c '
-        "$0" & program=$!
+        "$0" "$@" & program=$!
         for try in $(seq 100); do
             if xwininfo -root -tree | grep -q "\"Zugblick"; then touch /tmp/seen; break; fi
             sleep 0.2
         done
         sleep 2
         pgrep -a zugblick
-        kill $program
-        wait $program || true' "$1"
+        pkill -x zugblick
+        wait $program || true' $1
     test -e /tmp/seen || { echo "$1 showed no window" >&2; exit 1; }
 }
 shows "$(sed -n 's/^Exec=//p' /usr/share/applications/zugblick.desktop)"
 practice=$(sed -n 's/^Exec=//p' /usr/share/applications/zugblick-uebungsbetrieb.desktop)
 shows "$practice" | tee /tmp/ran
-grep -q 'zugblick-practice --port' /tmp/ran || { echo "no practice simulator ran" >&2; exit 1; }
+grep -q 'zugblick-practice --front' /tmp/ran || { echo "no practice simulator ran" >&2; exit 1; }
 
 apt-get purge -q -y zugblick > /dev/null
 apt-get autoremove --purge -q -y > /dev/null

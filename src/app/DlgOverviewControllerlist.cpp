@@ -29,9 +29,14 @@ DlgOverviewControllerlist::DlgOverviewControllerlist(QWidget *parent)
     ui->buttonBox->button(QDialogButtonBox::Close)->setText(QStringLiteral("Schließen"));
     ui->tableWidget->setColumnCount(kHeads.size());
     ui->tableWidget->setHorizontalHeaderLabels(kHeads);
-    ui->tableWidget->horizontalHeader()->setSectionResizeMode(kNameColumn, QHeaderView::Stretch);
-    for (int column = 0; column < kHeads.size(); ++column)
+    QHeaderView *heads = ui->tableWidget->horizontalHeader();
+    heads->setSectionResizeMode(kNameColumn, QHeaderView::Stretch);
+    const int digit = fontMetrics().horizontalAdvance(QLatin1Char('0'));
+    for (int column = 0; column < kHeads.size(); ++column) {
         ui->tableWidget->horizontalHeaderItem(column)->setTextAlignment(AlignmentOf(column));
+        if (column != kNameColumn)
+            heads->resizeSection(column, digit * (column < kNameColumn ? 6 : 9));
+    }
     connect(ui->pushButton_save, &QPushButton::clicked, this,
             &DlgOverviewControllerlist::OnSaveList);
     connect(ui->buttonBox, &QDialogButtonBox::rejected, this, &QDialog::reject);

@@ -117,6 +117,12 @@ void DlgSettings::accept()
     QDialog::accept();
 }
 
+void DlgSettings::done(int result)
+{
+    closed = true;
+    QDialog::done(result);
+}
+
 /// The bridge needs an address, the library of the simulator does not.
 void DlgSettings::OnChangeInterface(int index)
 {
@@ -149,9 +155,9 @@ void DlgSettings::OnChechUser()
     const QPointer<DlgSettings> guard(this);
     ui->label_checkUser->setText(QStringLiteral("Please wait...."));
     ui->pushButton_checkUser->setEnabled(false); // the check waits in an event loop
-    const bool known = login(ui->lineEdit_userName->text(), ui->lineEdit_userHash->text());
-    if (!guard)
-        return;
+    const bool known = login(this, ui->lineEdit_userName->text(), ui->lineEdit_userHash->text());
+    if (!guard || closed)
+        return; // the check was broken off, which says nothing about the user
     settings->SetUserAllowed(known ? QStringLiteral("1") : QStringLiteral("0"));
     ui->label_checkUser->setText(known ? QStringLiteral("Benutzer bestätigt")
                                        : QStringLiteral("Nicht bestätigt"));

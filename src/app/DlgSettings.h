@@ -11,8 +11,10 @@ namespace Ui {
 class DlgSettings;
 }
 
-/// Asks the server about a user's name and hash; true when it knows the two. May run events.
-using LoginFunction = std::function<bool(const QString &userName, const QString &userHash)>;
+/// Asks the server about a user's name and hash; true when it knows the two. May run events, and
+/// ends early when the asking window closes.
+using LoginFunction =
+    std::function<bool(QWidget *asking, const QString &userName, const QString &userHash)>;
 
 /// The window in which the options of `kabdata.ini` are changed. It reads all fields when it opens
 /// and writes all of them when it is accepted; the login check alone is stored at once. What a
@@ -30,6 +32,7 @@ public slots:
     void OnChechUser();
     void OnChangeInterface(int index);
     void accept() override;
+    void done(int result) override;
 
 private:
     void ReadSettings();
@@ -38,4 +41,5 @@ private:
     std::unique_ptr<Ui::DlgSettings> ui;
     KabdataSettings *settings;
     const LoginFunction login;
+    bool closed = false;
 };

@@ -106,7 +106,7 @@ private:
     void SetAddressReadOnly(bool readOnly);
     void ShowInterfaceState(bool isConnected);
     void ShowLoco(const QString &text);
-    bool CheckLogin(const QString &userName, const QString &userHash);
+    bool CheckLogin(QWidget *asking, const QString &userName, const QString &userHash);
     QString InterfaceName() const;
     LogFunction Logger();
 

@@ -18,8 +18,8 @@ void KabdataMain::OnOpenDlgSettings()
     const QString oldFolder = settings->WorkFolder();
     const QPointer<DlgSettings> dialog = new DlgSettings(
         settings.get(),
-        [this](const QString &userName, const QString &userHash) {
-            return CheckLogin(userName, userHash);
+        [this](QWidget *asking, const QString &userName, const QString &userHash) {
+            return CheckLogin(asking, userName, userHash);
         },
         this);
     dialog->exec();
@@ -92,10 +92,4 @@ void KabdataMain::ShowLoco(const QString &text)
 {
     ui->label_loco->setText(text);
     emit sigLocoLabelChanged(text);
-}
-
-bool KabdataMain::CheckLogin(const QString &, const QString &)
-{
-    OnCheckUserLogin();
-    return false;
 }

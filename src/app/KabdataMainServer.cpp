@@ -187,6 +187,18 @@ void KabdataMain::OnCheckUserLogin()
         ShowInterfaceState(connected);
 }
 
+/// By a client of the asking window, so that the check ends when that one closes. Both windows may
+/// be gone when it returns.
+bool KabdataMain::CheckLogin(QWidget *asking, const QString &userName, const QString &userHash)
+{
+    const QPointer<ServerClient> client = new ServerClient(settings.get(), asking);
+    connect(client, &ServerClient::sigDebugString, this,
+            qOverload<QString, int>(&KabdataMain::OnDebugString));
+    const bool known = LoginCheck(client).Run(userName, userHash);
+    delete client;
+    return known;
+}
+
 void KabdataMain::OnOpenDlgCheckNewFiles()
 {
     // Not on the stack, since it would be deleted twice when this window goes while it runs.

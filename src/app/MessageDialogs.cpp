@@ -1,6 +1,7 @@
 #include "MessageDialogs.h"
 
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QPointer>
 
@@ -32,6 +33,26 @@ QMessageBox::StandardButtons ButtonsOf(UserDialogs::Buttons buttons)
     }
     return QMessageBox::Ok;
 }
+
+/// As the boxes, a file dialog goes with its parent.
+QStringList Choose(QWidget *parent, const UserDialogs::FileRequest &request,
+                   QFileDialog::FileMode mode, QFileDialog::AcceptMode acceptMode)
+{
+    const QPointer<QFileDialog> dialog =
+        new QFileDialog(parent, request.title, QString(), request.filter);
+    dialog->setAcceptMode(acceptMode);
+    dialog->setFileMode(mode);
+    dialog->setOption(QFileDialog::ShowDirsOnly, mode == QFileDialog::Directory);
+    const QFileInfo start(request.folder);
+    const bool isProposal = acceptMode == QFileDialog::AcceptSave && !start.isDir();
+    dialog->setDirectory(isProposal ? start.path() : request.folder);
+    if (isProposal)
+        dialog->selectFile(start.fileName());
+    const bool isChosen = dialog->exec() == QDialog::Accepted;
+    const QStringList files = isChosen ? dialog->selectedFiles() : QStringList();
+    delete dialog;
+    return files;
+}
 } // namespace
 
 UserDialogs::Answer MessageDialogs::Show(QWidget *parent, const Box &box)
@@ -57,20 +78,20 @@ UserDialogs::Answer MessageDialogs::Show(QWidget *parent, const Box &box)
 
 QString MessageDialogs::OpenFile(QWidget *parent, const FileRequest &request)
 {
-    return QFileDialog::getOpenFileName(parent, request.title, request.folder, request.filter);
+    return Choose(parent, request, QFileDialog::ExistingFile, QFileDialog::AcceptOpen).value(0);
 }
 
 QStringList MessageDialogs::OpenFiles(QWidget *parent, const FileRequest &request)
 {
-    return QFileDialog::getOpenFileNames(parent, request.title, request.folder, request.filter);
+    return Choose(parent, request, QFileDialog::ExistingFiles, QFileDialog::AcceptOpen);
 }
 
 QString MessageDialogs::SaveFile(QWidget *parent, const FileRequest &request)
 {
-    return QFileDialog::getSaveFileName(parent, request.title, request.folder, request.filter);
+    return Choose(parent, request, QFileDialog::AnyFile, QFileDialog::AcceptSave).value(0);
 }
 
 QString MessageDialogs::ExistingFolder(QWidget *parent, const FileRequest &request)
 {
-    return QFileDialog::getExistingDirectory(parent, request.title, request.folder);
+    return Choose(parent, request, QFileDialog::Directory, QFileDialog::AcceptOpen).value(0);
 }

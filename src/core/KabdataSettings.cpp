@@ -1,5 +1,6 @@
 #include "KabdataSettings.h"
 
+#include "IniText.h"
 #include "Log.h"
 #include "Version.h"
 #include "WorkFolders.h"
@@ -104,11 +105,7 @@ int KabdataSettings::GetInt(const char *key, int fallback) const
 QString KabdataSettings::GetText(const char *key, const QString &fallback) const
 {
     const QVariant value = Get(QLatin1String(key));
-    if (!value.isValid())
-        return fallback;
-    // An unquoted comma in a hand-edited file makes QSettings read a list.
-    return value.type() == QVariant::StringList ? value.toStringList().join(QStringLiteral(", "))
-                                                : value.toString();
+    return value.isValid() ? IniText(value) : fallback;
 }
 
 QByteArray KabdataSettings::GetBytes(const char *key) const

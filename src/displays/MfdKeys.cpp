@@ -19,9 +19,9 @@ QRectF CapOf(const QAbstractButton &key)
     return key.isDown() ? cap.adjusted(1.0, 1.5, -1.0, -0.5) : cap;
 }
 
-double ScaleOf(const QAbstractButton &key)
+double ScaleOf(const QWidget &part)
 {
-    return static_cast<double>(key.height()) / kMfdKeySide;
+    return static_cast<double>(part.height()) / kMfdKeySide;
 }
 
 QColor InkOf(const QAbstractButton &key)
@@ -54,13 +54,13 @@ void PaintCap(QPainter &painter, const QAbstractButton &key, int capRadius)
     painter.drawRoundedRect(cap.adjusted(half, half, -half, -half), radius, radius);
 }
 
-/// The key's font grows with the cap and shrinks slower than it, so that small keys stay readable;
-/// a legend that would touch the rim is made smaller.
-QFont LegendFont(const QAbstractButton &key, const QString &text, double room)
+/// The part's font grows with it and shrinks slower than it, so that small keys stay readable; a
+/// legend that would touch the rim is made smaller.
+QFont LegendFont(const QWidget &part, bool bold, const QString &text, double room)
 {
-    QFont font = key.font();
-    font.setBold(key.isDown());
-    const double scale = ScaleOf(key);
+    QFont font = part.font();
+    font.setBold(bold);
+    const double scale = ScaleOf(part);
     const double natural = QFontInfo(font).pixelSize() * (scale < 1.0 ? std::sqrt(scale) : scale);
     font.setPixelSize(std::max(1, static_cast<int>(natural)));
     const int width = QFontMetrics(font).horizontalAdvance(text);
@@ -88,7 +88,7 @@ void MfdPushKey::paintEvent(QPaintEvent *)
     PaintCap(painter, *this, capRadius);
     const QRectF cap = CapOf(*this);
     painter.setPen(InkOf(*this));
-    painter.setFont(LegendFont(*this, text(), cap.width() - 8.0 * ScaleOf(*this)));
+    painter.setFont(LegendFont(*this, isDown(), text(), cap.width() - 8.0 * ScaleOf(*this)));
     painter.drawText(cap, Qt::AlignCenter | Qt::TextDontClip, text());
 }
 
@@ -105,6 +105,16 @@ void MfdToolKey::paintEvent(QPaintEvent *)
     painter.setPen(Qt::NoPen);
     painter.setBrush(InkOf(*this));
     painter.drawPolygon(ArrowHead(text()));
+}
+
+MfdNamePlate::MfdNamePlate(QWidget *parent) : QLabel(parent) { }
+
+void MfdNamePlate::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setPen(palette().color(foregroundRole()));
+    painter.setFont(LegendFont(*this, false, text(), width() - 8.0 * ScaleOf(*this)));
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextDontClip, text());
 }
 
 MfdLamp::MfdLamp(QWidget *parent) : QLabel(parent) { }

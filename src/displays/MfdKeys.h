@@ -42,6 +42,18 @@ private:
     int capRadius = 10;
 };
 
+/// The frame's name beside its upper keys, in letters that keep step with their legends.
+class MfdNamePlate : public QLabel
+{
+    Q_OBJECT
+
+public:
+    explicit MfdNamePlate(QWidget *parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+};
+
 /// The small dark lamp below the keys of the MTD's frame.
 class MfdLamp : public QLabel
 {

@@ -29,12 +29,12 @@ EbulaGraphicsScene::EbulaGraphicsScene(KabdataSettings *storage, WidgetMFD *mfd,
     setSceneRect(0.0, 0.0, layout.width, layout.height);
     qCDebug(lcEbula) << "Scene ScreenDPI: " << ScreenDpi();
     qCDebug(lcEbula) << "Scene RenderDPI: " << RenderDpi();
-    // The inset may not eat up the mark's column, which a very small frame would let it.
-    textInset = std::min(textInsetBase * DpiRatio(), 0.46 * layout.column);
     smallFont = ScaledFont(kSmallPointSize);
     bigFont = ScaledFont(kBigPointSize);
     qCDebug(lcEbula) << "Scene Font small point size: " << smallFont.pointSize();
     qCDebug(lcEbula) << "Scene Font big point size: " << bigFont.pointSize();
+    // On a small frame the inset leaves a mark its room.
+    textInset = std::max(0.0, std::min(textInsetBase * DpiRatio(), layout.column - MarkRoom()));
     connect(&tickTimer, &QTimer::timeout, this, &EbulaGraphicsScene::OnTimeOneSeconds);
     connect(&pageTimer, &QTimer::timeout, this, &EbulaGraphicsScene::OnTimerPageButtonClicked);
     Redraw();

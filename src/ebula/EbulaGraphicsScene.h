@@ -124,10 +124,15 @@ private:
 
     // The rows.
     void RemoveRows();
+    QFont RowFont() const;
+    double RowMargin() const;
+    double MarkRoom() const;
     bool DrawRows(int start, int count);
     void DrawRow(int slot, const TimeTableEntry &entry, const RowStyle &style);
     void DrawSpeed(int slot, int speed, int speedAbove, bool isLast, const RowStyle &style);
-    void FitRowText(QGraphicsTextItem *item, double rightEdge, const RowStyle &style);
+    double Overlap(const QGraphicsTextItem &text, const QGraphicsTextItem &right,
+                   const RowStyle &style) const;
+    void FitRowText(QGraphicsTextItem *item, const QGraphicsTextItem &right, const RowStyle &style);
     void AddSpeedText(int speed, double y, const RowStyle &style);
     bool AskForForeignPlan(int start);
 

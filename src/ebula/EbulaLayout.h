@@ -3,6 +3,8 @@
 #include <QRect>
 #include <QRectF>
 
+constexpr double kCursorHalfWidth = 10.0;
+
 /// Where everything of the EBuLa's picture stands, in scene units, for a scene of the given size.
 struct EbulaLayout
 {

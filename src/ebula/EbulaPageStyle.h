@@ -2,6 +2,9 @@
 
 #include <QString>
 
-/// The style sheet of the pages that lie over the EBuLa, by day or by night, in the colours of
-/// the timetable below them.
-QString EbulaPageStyle(bool dayMode);
+class QFont;
+
+/// The style sheet of the pages that lie over the EBuLa, by day or by night, in the colours and
+/// the font (sized in pixels) of the timetable below them. The font stands in the sheet because a
+/// widget whose sheet is changed would fall back to the program's font.
+QString EbulaPageStyle(bool dayMode, const QFont &font);

@@ -54,15 +54,16 @@ QGraphicsTextItem *EbulaGraphicsScene::AddCentred(const QString &text, const QFo
     return item;
 }
 
-/// Shows the text in the item's font, made smaller until it fits. It does not grow again before
-/// the next redraw.
+/// Shows the text in the item's font, made smaller until the item is no wider than `room`. It does
+/// not grow again before the next redraw.
 void EbulaGraphicsScene::ShowFitted(QGraphicsTextItem *item, const QString &text, int room,
                                     double centreY)
 {
     if (item->toPlainText() == text)
         return;
     QFont font = item->font();
-    while (QFontMetricsF(font).horizontalAdvance(text) > room) {
+    const double textRoom = room - 2.0 * item->document()->documentMargin();
+    while (QFontMetricsF(font).horizontalAdvance(text) > textRoom) {
         const int size = font.pixelSize();
         font.setPixelSize(std::max(1, size - 1));
         if (size <= 4)

@@ -109,12 +109,14 @@ void EbulaGraphicsScene::PlacePage(QWidget *widget, const QRect &at)
 
 void EbulaGraphicsScene::StylePages()
 {
-    const QString sheet = EbulaPageStyle(dayMode);
+    const QString sheet = EbulaPageStyle(dayMode, smallFont);
     for (QWidget *each : {static_cast<QWidget *>(loadView), static_cast<QWidget *>(fsdPage),
                           static_cast<QWidget *>(haltePage)}) {
         if (each != nullptr)
             each->setStyleSheet(sheet);
     }
+    if (loadView != nullptr)
+        loadView->DimSearchHint();
 }
 
 void EbulaGraphicsScene::OpenLoadView()

@@ -67,8 +67,29 @@ struct EbulaGraphicsScene::RowStyle
     QFont bold;
     QFont light;
     int height = 0;
-    double margin = 0.0; ///< of a text, so that it stands on the row's middle
+    double margin = 0.0;
 };
+
+QFont EbulaGraphicsScene::RowFont() const
+{
+    QFont font = smallFont;
+    font.setPixelSize(std::max(1, static_cast<int>(layout.RowHeight(rowsPerPage) / 1.7)));
+    return font;
+}
+
+/// Of a row's text, so that it stands on the row's middle.
+double EbulaGraphicsScene::RowMargin() const
+{
+    const double free = layout.RowHeight(rowsPerPage) - QFontMetricsF(RowFont()).height();
+    return std::max(0.0, free / 2.0);
+}
+
+/// What a distance mark and the half of the cursor beside it take of the mark's column.
+double EbulaGraphicsScene::MarkRoom() const
+{
+    const double mark = QFontMetricsF(RowFont()).horizontalAdvance(QStringLiteral("88.8"));
+    return kCursorHalfWidth + mark + 2.0 * RowMargin();
+}
 
 void EbulaGraphicsScene::RemoveRows()
 {
@@ -114,14 +135,14 @@ bool EbulaGraphicsScene::DrawRows(int start, int count)
     page = EbulaPage();
     RowStyle style;
     style.height = layout.RowHeight(rowsPerPage);
-    smallFont.setPixelSize(std::max(1, static_cast<int>(style.height / 1.7)));
+    smallFont = RowFont();
     qCDebug(lcEbula) << "Table Row height: " << style.height;
     qCDebug(lcEbula) << "Table Font pixel size: " << smallFont.pixelSize();
     qCDebug(lcEbula) << "Table Font point size: " << smallFont.pointSize();
     style.plain = style.bold = style.light = smallFont;
     style.bold.setWeight(QFont::Bold);
     style.light.setWeight(QFont::Thin);
-    style.margin = std::max(0.0, (style.height - QFontMetricsF(smallFont).height()) / 2.0);
+    style.margin = RowMargin();
 
     int speedAbove = -1;
     for (int slot = 0; slot < count; ++slot) {
@@ -183,8 +204,7 @@ void EbulaGraphicsScene::DrawRow(int slot, const TimeTableEntry &entry, const Ro
     // Every slot has its items, empty texts too: the cursor finds its row by them.
     kmItems.append(AddText(DistanceText(entry.distance), style.plain, {0.0, y}, style.margin));
     MoveRightEdgeTo(kmItems.last(), 2.0 * c - textInset);
-    symbolItems.append(AddText(entry.symbol, style.plain,
-                               {2.0 * c + std::min(10.0, textInset / 4.0), y}, style.margin));
+    symbolItems.append(AddText(entry.symbol, style.plain, {2.0 * c + 10.0, y}, style.margin));
     CentreSign(symbolItems.last(), style.height, style.margin);
     nameItems.append(AddText(entry.name, weighted, {2.0 * c + textInset, y}, style.margin));
     gradientItems.append(AddText(entry.gradient, style.plain, {0.0, y}, style.margin));
@@ -193,16 +213,28 @@ void EbulaGraphicsScene::DrawRow(int slot, const TimeTableEntry &entry, const Ro
     departureItems.append(AddText(entry.departure, weighted, {6.0 * c + 10.0, y}, style.margin));
 
     // Texts too long for their place would run into their neighbours.
-    FitRowText(symbolItems.last(), nameItems.last()->x(), style);
-    FitRowText(nameItems.last(), gradientItems.last()->x(), style);
+    const double tooWide = Overlap(*symbolItems.last(), *nameItems.last(), style);
+    if (tooWide > 0.0)
+        symbolItems.last()->moveBy(-std::min(tooWide, 8.0 + style.margin), 0.0);
+    FitRowText(symbolItems.last(), *nameItems.last(), style);
+    FitRowText(nameItems.last(), *gradientItems.last(), style);
 }
 
-void EbulaGraphicsScene::FitRowText(QGraphicsTextItem *item, double rightEdge,
+/// By how much a text comes too near to the one on its right. Both stand within a margin.
+double EbulaGraphicsScene::Overlap(const QGraphicsTextItem &text, const QGraphicsTextItem &right,
+                                   const RowStyle &style) const
+{
+    const double end = text.x() + text.boundingRect().width() - text.document()->documentMargin();
+    return end + style.height / 8.0 - right.x() - right.document()->documentMargin();
+}
+
+void EbulaGraphicsScene::FitRowText(QGraphicsTextItem *item, const QGraphicsTextItem &right,
                                     const RowStyle &style)
 {
-    const double room = rightEdge - item->x() - 2.0 * item->document()->documentMargin();
-    if (item->document()->idealWidth() - 2.0 * item->document()->documentMargin() <= room)
+    const double tooWide = Overlap(*item, right, style);
+    if (tooWide <= 0.0)
         return;
+    const double room = item->boundingRect().width() - tooWide;
     const QString text = item->toPlainText();
     item->setPlainText(QString());
     ShowFitted(item, text, static_cast<int>(room), item->y() + style.height / 2.0);

@@ -12,6 +12,7 @@
 namespace {
 constexpr int kDefaultToleranceMetres = 50;
 constexpr int kStatusSeconds = 5;
+constexpr double kCursorHalfHeight = 7.0;
 
 /// The position diamond. Smoothed, unlike the lines of the table.
 class DiamondItem : public QGraphicsPolygonItem
@@ -116,8 +117,8 @@ void EbulaGraphicsScene::PlaceCursor(int slot)
         return;
     const int x = static_cast<int>(layout.width / 7.0);
     const double y = row->y() + row->boundingRect().height() / 2.0;
-    const QPolygonF diamond(
-        {QPointF(x - 10.0, y), QPointF(x, y - 7.0), QPointF(x + 10.0, y), QPointF(x, y + 7.0)});
+    const QPolygonF diamond({QPointF(x - kCursorHalfWidth, y), QPointF(x, y - kCursorHalfHeight),
+                             QPointF(x + kCursorHalfWidth, y), QPointF(x, y + kCursorHalfHeight)});
     if (cursor != nullptr && cursor->polygon() == diamond && cursor->brush().color() == Ink())
         return;
     RemoveCursor();
@@ -168,9 +169,9 @@ void EbulaGraphicsScene::ShowAhead(const EbulaAdvice &advice)
 {
     const double centre = (layout.headerBottom + layout.infoBottom) / 2.0;
     if (!advice.nextSpeed.isEmpty())
-        ShowFitted(speedItem, advice.nextSpeed, layout.third - 14, centre);
+        ShowFitted(speedItem, advice.nextSpeed, layout.third - 10, centre);
     if (!advice.nextStop.isEmpty())
-        ShowFitted(nextStopItem, advice.nextStop, layout.third - 14, centre);
+        ShowFitted(nextStopItem, advice.nextStop, layout.third - 2, centre);
 }
 
 /// Says once a plan that a row names an entry which the plan does not have. False when the scene

@@ -170,10 +170,11 @@ QTime EbulaTracker::PlannedTime(const TrainTimeTable &plan, int point)
 
 EbulaDelay EbulaTracker::DelayOf(int secondsAhead)
 {
+    // Less than a minute behind is -0, which counts as 0 and shows "+0min".
     const float minutes = std::ceil(static_cast<float>(secondsAhead) / 60.0F);
-    const QString text = QString::number(static_cast<int>(minutes)) + QStringLiteral("min");
     const bool late = minutes < 0.0F;
-    return {late ? text : QLatin1Char('+') + text, late};
+    const QString text = late ? QStringLiteral("%1min") : QStringLiteral("+%1min");
+    return {text.arg(static_cast<int>(minutes)), late};
 }
 
 QString EbulaTracker::NextSpeed(const QVector<TimeTableEntry> &entries, int from)

@@ -3,9 +3,9 @@
 #include "ui_WidgetFSD.h"
 
 namespace {
-QString Measure(int value, const QString &unit)
+QString Measure(int value, const QString &text)
 {
-    return value < 1 ? QStringLiteral("nicht angegeben") : QString::number(value) + unit;
+    return value < 1 ? QStringLiteral("nicht angegeben") : text.arg(value);
 }
 } // namespace
 
@@ -21,16 +21,12 @@ WidgetEbulaFSD::~WidgetEbulaFSD() = default;
 void WidgetEbulaFSD::Fill()
 {
     const QString span = timeTable.CreateDate + QLatin1Char('-') + timeTable.ExpiryDate;
-    QFont bold = font();
-    bold.setBold(true);
-    ui->label_name->setFont(bold);
-    ui->label_number->setFont(bold);
     ui->label_number->setText(timeTable.TrainNumber);
     ui->label_validity->setText(span);
     ui->label_date->setText(span);
     ui->label_name->setText(timeTable.Name + QStringLiteral(" - ") + timeTable.Scenario);
     ui->textEdit_description->setPlainText(timeTable.Description);
-    ui->label_vmax->setText(Measure(timeTable.Vmax, QStringLiteral(" Km/h")));
-    ui->label_length->setText(Measure(timeTable.TrainLength, QStringLiteral(" m")));
-    ui->label_weight->setText(Measure(timeTable.TrainWeight, QStringLiteral(" t")));
+    ui->label_vmax->setText(Measure(timeTable.Vmax, QStringLiteral("%1 Km/h")));
+    ui->label_length->setText(Measure(timeTable.TrainLength, QStringLiteral("%1 m")));
+    ui->label_weight->setText(Measure(timeTable.TrainWeight, QStringLiteral("%1 t")));
 }

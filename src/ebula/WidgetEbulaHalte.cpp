@@ -4,15 +4,17 @@
 
 #include <algorithm>
 #include <array>
+#include <numeric>
 
 namespace {
 constexpr std::array<int, 4> kColumnWidths{200, 200, 80, 80};
 
 constexpr int kCellPadding = 14;
+constexpr int kNameColumn = 1;
 
-QString CaptionText()
+QString Caption()
 {
-    return QStringLiteral("planmäßigen Haltestellen");
+    return QStringLiteral("Liste der\nplanmäßigen Haltestellen");
 }
 
 bool IsListed(const TimeTableEntry &entry)
@@ -49,7 +51,7 @@ void WidgetEbulaHalte::Fill()
     // A table without rows takes neither an item nor a span.
     if (table->rowCount() == 0)
         return;
-    auto *caption = new QTableWidgetItem(QStringLiteral("Liste der\n") + CaptionText());
+    auto *caption = new QTableWidgetItem(Caption());
     caption->setTextAlignment(Qt::AlignLeft | Qt::AlignTop);
     table->setItem(0, 0, caption);
     if (table->rowCount() > 1)
@@ -60,18 +62,16 @@ void WidgetEbulaHalte::FitColumns()
 {
     QTableWidget *table = ui->tableWidget;
     const QFontMetrics metrics(font());
-    QHeaderView *header = table->horizontalHeader();
     for (int column = 0; column < table->columnCount(); ++column)
         table->horizontalHeaderItem(column)->setFont(font());
     table->verticalHeader()->setDefaultSectionSize(metrics.height() + 6);
-    const QString longestTime = QStringLiteral("00:00:00");
-    table->setColumnWidth(0, metrics.horizontalAdvance(CaptionText()) + kCellPadding);
-    for (const int column : {2, 3}) {
-        const QString caption = table->horizontalHeaderItem(column)->text();
-        table->setColumnWidth(
-            column,
-            std::max(metrics.horizontalAdvance(longestTime), metrics.horizontalAdvance(caption))
-                + kCellPadding);
+    const bool isWide = width() >= std::accumulate(kColumnWidths.begin(), kColumnWidths.end(), 0);
+    for (const int column : {0, 2, 3}) {
+        const QString longest = column == 0 ? Caption() : QStringLiteral("00:00:00");
+        const QString head = table->horizontalHeaderItem(column)->text();
+        const int needed =
+            metrics.size(0, longest + QLatin1Char('\n') + head).width() + kCellPadding;
+        table->setColumnWidth(column, isWide ? std::max(needed, kColumnWidths.at(column)) : needed);
     }
-    header->setSectionResizeMode(1, QHeaderView::Stretch);
+    table->horizontalHeader()->setSectionResizeMode(kNameColumn, QHeaderView::Stretch);
 }

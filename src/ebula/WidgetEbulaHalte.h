@@ -20,7 +20,8 @@ public:
     ~WidgetEbulaHalte() override;
 
     void Fill();
-    /// Gives the columns what the widget's font needs, and the names all the rest.
+    /// Widens or, on a small page, narrows the columns to what the widget's font needs, and gives
+    /// the names all the rest.
     void FitColumns();
 
 private:

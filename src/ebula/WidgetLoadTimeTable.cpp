@@ -137,6 +137,13 @@ void WidgetLoadTimeTable::SetFonts(const QFont &header, const QFont &table)
         each->setFont(table);
 }
 
+void WidgetLoadTimeTable::DimSearchHint()
+{
+    QPalette hint = ui->lineEdit->palette();
+    hint.setColor(QPalette::PlaceholderText, Qt::gray);
+    ui->lineEdit->setPalette(hint);
+}
+
 void WidgetLoadTimeTable::SelectRow(int row)
 {
     if (ui->tableWidget->rowCount() > 0)

@@ -40,6 +40,8 @@ public:
     /// as a route plan. False when it gives no rows.
     bool GetTimtTable(TrainTimeTable &out);
     void SetFonts(const QFont &header, const QFont &table);
+    /// Greys the hint in the search field, which every new style sheet paints like a typed text.
+    void DimSearchHint();
 
 public slots:
     void OnRowDoubleClicked();

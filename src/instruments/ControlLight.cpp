@@ -36,7 +36,9 @@ void ControlLight::paintEvent(QPaintEvent *)
 
 void ControlLight::DrawShape(QPainter &painter, const QColor &color) const
 {
-    painter.setPen(color);
+    // Without a line of its own: half of it would be cut off by the label, which flattens a round
+    // rim, and the other half would darken the rim of the translucent shape twice.
+    painter.setPen(Qt::NoPen);
     painter.setBrush(color);
     if (round)
         painter.drawEllipse(rect());

@@ -45,10 +45,16 @@ ScaleMarks MarksOver(double degrees, double parts)
     return {TruncToInt(parts), pitch};
 }
 
-QPoint PointOnCircle(double mathAngle, double radius)
+QPointF PointOnCircle(double mathAngle, double radius)
 {
     const double radians = qDegreesToRadians(mathAngle);
-    return {TruncToInt(std::cos(radians) * radius), TruncToInt(std::sin(radians) * radius)};
+    return {std::cos(radians) * radius, std::sin(radians) * radius};
+}
+
+QPointF WholePointOnCircle(double mathAngle, double radius)
+{
+    const QPointF exact = PointOnCircle(mathAngle, radius);
+    return {std::trunc(exact.x()), std::trunc(exact.y())};
 }
 
 double FullDialAngle(double value, double maxValue)

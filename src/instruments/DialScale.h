@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QPoint>
+#include <QPointF>
 #include <QString>
 
 /// The arithmetic of the dials: value in, angle or mark out, no widget.
@@ -29,8 +29,10 @@ enum class ForceHalf { Traction, Braking };
 /// An arc of `degrees` cut into `parts`, of which the last may be a fraction without a mark.
 ScaleMarks MarksOver(double degrees, double parts);
 
-/// Position on a circle around the origin, whole units.
-QPoint PointOnCircle(double mathAngle, double radius);
+/// Position on a circle around the origin.
+QPointF PointOnCircle(double mathAngle, double radius);
+/// The same without the fractions, where the real scale stands on whole units.
+QPointF WholePointOnCircle(double mathAngle, double radius);
 
 /// Needle angle of a dial that runs 280 degrees, from -140 at 0 to 140 at `maxValue`.
 double FullDialAngle(double value, double maxValue);

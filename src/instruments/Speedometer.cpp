@@ -112,11 +112,12 @@ void Speedometer::paintEvent(QPaintEvent *)
 /// Draws the plain disc, or the rim, and returns the radius from which the ticks run inward.
 double Speedometer::DrawRim(QPainter &painter) const
 {
-    if (rimPixmap.isNull()) {
+    const QPixmap texture =
+        rimPixmap.isNull() ? QPixmap() : rimPixmap.scaledToHeight(20, Qt::SmoothTransformation);
+    if (texture.isNull()) { // one far higher than wide has nothing left, either
         DrawDisc(painter, dialColor);
         return 190.0;
     }
-    const QPixmap texture = rimPixmap.scaledToHeight(20, Qt::SmoothTransformation);
     painter.save();
     painter.setPen(QPen(QBrush(texture), 4, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
     for (int i = 0; i < 360; ++i) {
@@ -136,7 +137,7 @@ void Speedometer::DrawScale(QPainter &painter, double radius) const
 
     const ScaleMarks numbers = SpeedNumbers(maxSpeed, labelStep);
     for (int i = 0; i <= numbers.last; ++i) {
-        DrawNumber(painter, PointOnCircle(i * numbers.pitch + 128.0, radius - 50.0),
+        DrawNumber(painter, WholePointOnCircle(i * numbers.pitch + 128.0, radius - 50.0),
                    QString::number(labelStep * i));
     }
 }

@@ -19,10 +19,31 @@ constexpr int MarkerOnTheRight = 1;
 constexpr int TriangleMarker = 1;
 /// Stands in until the first `setRange`.
 constexpr QRect DefaultBar(20, 20, TickColumn, 30);
+
+/// The box at the foot. On a screen that is scaled by a fraction the style's own panel loses some
+/// of its edges between the pixels, so they are drawn once more, through the middle of theirs.
+class ValueBox : public QLabel
+{
+public:
+    explicit ValueBox(QWidget *parent) : QLabel(parent) { }
+
+protected:
+    void paintEvent(QPaintEvent *event) override
+    {
+        QLabel::paintEvent(event);
+        const QRectF edge = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(palette().color(QPalette::Light));
+        painter.drawPolyline(QPolygonF({edge.bottomLeft(), edge.bottomRight(), edge.topRight()}));
+        painter.setPen(palette().color(QPalette::Dark));
+        painter.drawPolyline(QPolygonF({edge.bottomLeft(), edge.topLeft(), edge.topRight()}));
+    }
+};
 } // namespace
 
 ValueBar::ValueBar(QWidget *parent)
-    : QLabel(parent), valueLabel(new QLabel(this)), barLeft(DefaultBar.left()),
+    : QLabel(parent), valueLabel(new ValueBox(this)), barLeft(DefaultBar.left()),
       barTop(DefaultBar.top()), barWidth(DefaultBar.width()), barGap(DefaultBar.height())
 {
     valueLabel->setFrameStyle(static_cast<int>(QFrame::Panel) | static_cast<int>(QFrame::Sunken));

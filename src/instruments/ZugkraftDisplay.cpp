@@ -80,9 +80,10 @@ void ZugkraftDisplay::DrawRing(QPainter &painter, const QColor &foreground,
     painter.drawPolygon(triangle);
     painter.rotate(-angle);
 
-    painter.setPen(background);
+    // The inner rim keeps the line of the triangle, so that it is yellow for a braking preset.
     painter.setBrush(background);
     painter.drawEllipse(-125, -125, 250, 250);
+    painter.setPen(background);
     painter.drawPolygon(wedge);
 }
 
@@ -96,7 +97,7 @@ void ZugkraftDisplay::DrawNumbers(QPainter &painter, ForceHalf half) const
     const double drop = painter.fontMetrics().height() / 2.0;
     for (int i = 0; i <= numbers.last; ++i) {
         const double turn = i * numbers.pitch;
-        const QPointF at = PointOnCircle(traction ? turn - 90.0 : -90.0 - turn, 105.0);
+        const QPointF at = WholePointOnCircle(traction ? turn - 90.0 : -90.0 - turn, 105.0);
         DrawNumber(painter, at + QPointF(0, drop), QString::number(qint64(step) * i));
     }
 }
@@ -109,7 +110,7 @@ void ZugkraftDisplay::DrawTicks(QPainter &painter, ForceHalf half) const
     for (int i = 0; i <= ticks.last; ++i) {
         const double turn = i * ticks.pitch;
         const double angle = traction ? turn - 90.0 : -90.0 - turn;
-        painter.drawLine(PointOnCircle(angle, 125.0), PointOnCircle(angle, 160.0));
+        painter.drawLine(WholePointOnCircle(angle, 125.0), WholePointOnCircle(angle, 160.0));
     }
 }
 

@@ -1,5 +1,6 @@
 #include "LocoAssignments.h"
 
+#include "IniText.h"
 #include "LocoData.h"
 #include "WorkFolders.h"
 
@@ -58,14 +59,6 @@ QStringList GroupsInFileOrder(const QString &path, QStringList remaining)
     return groups + remaining;
 }
 
-/// A text value. An unquoted comma in a hand-edited file makes QSettings read a list, whose blanks
-/// behind the commas are gone.
-QString TextOf(const QVariant &value)
-{
-    return value.type() == QVariant::StringList ? value.toStringList().join(QLatin1String(", "))
-                                                : value.toString();
-}
-
 /// Reads by the names that are there and not up to the stored size, which a damaged file may put
 /// at billions.
 QStringList ReadLocos(QSettings &settings)
@@ -82,7 +75,7 @@ QStringList ReadLocos(QSettings &settings)
     std::sort(numbers.begin(), numbers.end());
     for (const int number : numbers) {
         settings.setArrayIndex(number - 1);
-        locos.append(TextOf(settings.value(kLoco)));
+        locos.append(IniText(settings.value(kLoco)));
     }
     settings.endArray();
     return locos;
@@ -104,7 +97,7 @@ void LocoAssignments::Read(const QString &path)
     const QStringList groups = GroupsInFileOrder(path, settings.childGroups());
     for (const QString &group : groups) {
         settings.beginGroup(group);
-        entries.append({group, TextOf(settings.value(kFileName)), ReadLocos(settings)});
+        entries.append({group, IniText(settings.value(kFileName)), ReadLocos(settings)});
         settings.endGroup();
     }
 }

@@ -60,10 +60,12 @@ int LocoData::LzbDistance() const
     if (configTyp != kConfigHrq)
         return TruncToInt(kFarDistance);
     float metres = kFarDistance;
-    if (IsAssigned(LZBDistance) && LZBDistance.value < 10.0F)
-        metres = LZBDistance.value * 1000.0F; // whole kilometres, the hundreds come beside it
-    if (IsAssigned(LZBDistance_100))
-        metres += LZBDistance_100.value * 100.0F;
+    if (IsAssigned(LZBDistance)) {
+        if (LZBDistance.value < 10.0F)
+            metres = LZBDistance.value * 1000.0F; // whole kilometres, the hundreds come beside it
+        if (IsAssigned(LZBDistance_100))
+            metres += LZBDistance_100.value * 100.0F;
+    }
     if (LZBBalken.value > 0.0F && LZBBalken.value < 40.0F)
         metres = LZBBalken.value * 100.0F;
     return TruncToInt(metres);

@@ -39,6 +39,18 @@ QStringList Headers(int type)
     return headers;
 }
 
+bool IsVersionColumn(int column)
+{
+    return column == 4 || column == 5;
+}
+
+/// Versions of three signs fit into their narrow columns with it.
+QFont SmallFont(QFont font)
+{
+    font.setPointSizeF(font.pointSizeF() * 0.75);
+    return font;
+}
+
 void SetUpColumns(QTableWidget &table, int type)
 {
     const QStringList headers = Headers(type);
@@ -47,17 +59,17 @@ void SetUpColumns(QTableWidget &table, int type)
     table.setHorizontalHeaderLabels(headers);
     table.horizontalHeaderItem(4)->setToolTip(QStringLiteral("Version auf dem Server"));
     table.horizontalHeaderItem(5)->setToolTip(QStringLiteral("Version auf diesem Rechner"));
-    QFont narrow = table.horizontalHeader()->font();
-    narrow.setPointSizeF(narrow.pointSizeF() * 0.75);
-    table.horizontalHeaderItem(4)->setFont(narrow);
-    table.horizontalHeaderItem(5)->setFont(narrow);
-    table.horizontalHeader()->setMinimumSectionSize(kVersionWidth);
-    table.horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    table.setColumnWidth(4, kVersionWidth);
-    table.setColumnWidth(5, kVersionWidth);
+    QHeaderView *header = table.horizontalHeader();
+    header->setMinimumSectionSize(kVersionWidth);
+    header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    for (int column = 0; column < headers.size(); ++column) {
+        if (!IsVersionColumn(column))
+            continue;
+        table.horizontalHeaderItem(column)->setFont(SmallFont(header->font()));
+        table.setColumnWidth(column, kVersionWidth);
+    }
     if (sameKind)
         return; // the user may have drawn the other columns wider
-    QHeaderView *header = table.horizontalHeader();
     // The column that takes the room is the one with the longest texts.
     const int widest = headers.size() > 6 ? 7 : 2;
     for (int column = 0; column < headers.size(); ++column)
@@ -132,8 +144,12 @@ void FillRow(QTableWidget &table, int row, const FileEntry &entry)
     int column = 3;
     for (const QString *each : {&entry.author, &entry.version, &entry.localVersion, &entry.scenario,
                                 &entry.description}) {
-        if (column < table.columnCount())
-            table.setItem(row, column++, new QTableWidgetItem(*each));
+        if (column >= table.columnCount())
+            break;
+        auto *item = new QTableWidgetItem(*each);
+        if (IsVersionColumn(column))
+            item->setFont(SmallFont(table.font()));
+        table.setItem(row, column++, item);
     }
 }
 

@@ -1,10 +1,27 @@
 #include "PublishReply.h"
 
 #include "Log.h"
+#include "PublishForm.h"
 #include "ServerClient.h"
+#include "ServerUrl.h"
 #include "UserDialogs.h"
 
 #include <QNetworkReply>
+
+namespace {
+const QString kTitle = QStringLiteral("Zugblick");
+} // namespace
+
+QNetworkReply *SendToReviewers(ServerClient &client, QWidget *window, const PublishedFile &file,
+                               const PublishTexts &texts)
+{
+    QNetworkReply *reply = client.Post(ServerPaths::kNewFile, PublishForm(file));
+    if (reply == nullptr) {
+        UserDialogs::Instance().Warn(window, kTitle,
+                                     texts.failure + QStringLiteral("Kein Server eingestellt"));
+    }
+    return reply;
+}
 
 void ShowPublishReply(QWidget *window, QNetworkReply *reply, const PublishTexts &texts)
 {
@@ -16,9 +33,8 @@ void ShowPublishReply(QWidget *window, QNetworkReply *reply, const PublishTexts 
     const QString error = reply->errorString();
     // Before the box: the window may close while it is open.
     reply->deleteLater();
-    const QString title = QStringLiteral("Zugblick");
     if (failed)
-        UserDialogs::Instance().Warn(window, title, texts.failure + error);
+        UserDialogs::Instance().Warn(window, kTitle, texts.failure + error);
     else
-        UserDialogs::Instance().Inform(window, title, texts.success);
+        UserDialogs::Instance().Inform(window, kTitle, texts.success);
 }

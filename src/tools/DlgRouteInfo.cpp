@@ -33,6 +33,8 @@ DlgRouteInfo::DlgRouteInfo(KabdataSettings *storage, QWidget *parent)
     : QDialog(parent), settings(storage), ui(std::make_unique<Ui::Dialog_RouteInfo>())
 {
     ui->setupUi(this);
+    ui->buttonBox->button(QDialogButtonBox::Ok)->setText(QStringLiteral("&OK"));
+    ui->buttonBox->button(QDialogButtonBox::Cancel)->setText(QStringLiteral("Abbrechen"));
     QDir().mkdir(QCoreApplication::applicationDirPath() + QStringLiteral("/tmp"));
     // The scan itself unpacks into "/tmp/routes": on file systems that tell case apart these are
     // two folders, and users know both.
@@ -60,6 +62,7 @@ void DlgRouteInfo::OpenFolders()
     progress = scan;
     connect(this, &QDialog::finished, scan, &QProgressDialog::cancel);
     scan->setWindowTitle(QStringLiteral("RoutInfo - Reading Files"));
+    scan->setCancelButtonText(QStringLiteral("Abbrechen"));
     scan->setWindowModality(Qt::WindowModal);
     scan->setMinimumWidth(fontMetrics().averageCharWidth() * 64);
     scan->setAutoReset(false);

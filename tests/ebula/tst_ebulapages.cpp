@@ -98,7 +98,6 @@ void TestEbulaPages::keysOpenAndLeavePages_data()
 {
     QTest::addColumn<QStringList>("keys");
     QTest::addColumn<QString>("open");
-    QTest::newRow("head data") << QStringList{"2"} << "fsd";
     QTest::newRow("one press opens one page") << QStringList{"2", "2"} << "halte";
     QTest::newRow("0 leaves the head data") << QStringList{"2", "0"} << "";
     QTest::newRow("C does not leave a page") << QStringList{"2", "C"} << "fsd";

@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QGraphicsView>
+#include <QLabel>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
@@ -36,13 +37,17 @@ void TestEbulaScene::nightKeepsRowsAndPage()
     EbulaStand stand;
     SceneProbe &scene = *stand.scene;
     scene.TakePlan(PlanOf(3));
-    scene.Press({QStringLiteral("2"), QStringLiteral("kont")});
+    scene.Press({QStringLiteral("2")});
+    const auto *weight = scene.fsdPage->findChild<QLabel *>(QStringLiteral("label_weight"));
+    scene.fsdPage->grab();
+    const QFont byDay = weight->font();
+    scene.Press({QStringLiteral("kont")});
     QCOMPARE(scene.backgroundBrush().color(), QColor(30, 30, 30));
     QCOMPARE(scene.nameItems.at(0)->defaultTextColor(), QColor(Qt::white));
     QCOMPARE(scene.nameItems.size(), 3);
-    QVERIFY(scene.fsdPage != nullptr);
     const QImage page = scene.fsdPage->grab().toImage();
-    QCOMPARE(page.pixelColor(2, page.height() - 2), QColor(30, 30, 30));
+    QCOMPARE(page.pixelColor(2, page.height() - 3), QColor(30, 30, 30));
+    QCOMPARE(weight->font().toString(), byDay.toString());
 }
 
 void TestEbulaScene::pagingKeysMoveThePage_data()
@@ -50,8 +55,7 @@ void TestEbulaScene::pagingKeysMoveThePage_data()
     QTest::addColumn<int>("entries");
     QTest::addColumn<QStringList>("keys");
     QTest::addColumn<int>("start");
-    QTest::newRow("one page up") << 30 << QStringList{"top"} << 12;
-    QTest::newRow("and down again") << 30 << QStringList{"top", "top", "bottom"} << 5;
+    QTest::newRow("pages up and down again") << 30 << QStringList{"top", "top", "bottom"} << 5;
     QTest::newRow("not below the first") << 30 << QStringList{"bottom"} << 0;
     QTest::newRow("a row up and down") << 30 << QStringList{"right", "right", "left"} << 1;
     QTest::newRow("no plan, no page") << 0 << QStringList{"top", "right"} << 0;

@@ -1,13 +1,11 @@
 #pragma once
 
-#include <QEvent>
 #include <QImage>
 #include <QTest>
 #include <QWidget>
 #include <QtMath>
 
 #include <cmath>
-#include <functional>
 
 /// A widget painted into an image at a device pixel ratio, on a ground that no instrument uses.
 class Picture
@@ -47,44 +45,13 @@ public:
         return count;
     }
 
-    bool operator==(const Picture &other) const { return m_image == other.m_image; }
+    bool IsEmpty() const
+    {
+        const QSize size = m_image.size() / m_ratio;
+        return Count(QRect(QPoint(), size), Ground()) == m_image.width() * m_image.height();
+    }
 
 private:
     QImage m_image;
     int m_ratio;
-};
-
-/// Both device pixel ratios that a picture is looked at.
-inline void AddRatioRows()
-{
-    QTest::addColumn<int>("ratio");
-    QTest::newRow("on a plain screen") << 1;
-    QTest::newRow("on a screen of double density") << 2;
-}
-
-/// Counts the paint events of a widget, and calls back at each.
-class PaintCounter : public QObject
-{
-public:
-    explicit PaintCounter(QWidget *widget, std::function<void()> seen = {})
-        : m_seen(std::move(seen))
-    {
-        widget->installEventFilter(this);
-    }
-
-    int count = 0;
-
-protected:
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        if (event->type() == QEvent::Paint) {
-            ++count;
-            if (m_seen)
-                m_seen();
-        }
-        return false;
-    }
-
-private:
-    std::function<void()> m_seen;
 };

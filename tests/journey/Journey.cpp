@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QPushButton>
 
 namespace {
@@ -54,7 +55,17 @@ Journey::Journey(const QString &loco, const QString &timetable)
     window->show();
 }
 
-Journey::~Journey() = default;
+/// Displays that a test leaves open read records of the main window until they are gone.
+Journey::~Journey()
+{
+    QList<QPointer<QWidget>> open;
+    for (QWidget *each : QApplication::topLevelWidgets()) {
+        if (each->parentWidget() == nullptr && each != window.get())
+            open.append(each);
+    }
+    for (const QPointer<QWidget> &each : open)
+        delete each;
+}
 
 bool Journey::Connect()
 {

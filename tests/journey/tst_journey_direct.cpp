@@ -1,6 +1,7 @@
 // The same way without a bridge: the real main window on the practice simulator's own library,
 // which drives by its own clock.
 
+#include "DlgOverviewControllerlist.h"
 #include "KabdataMain.h"
 #include "KabdataSettings.h"
 #include "Manometer.h"
@@ -16,6 +17,7 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTableWidget>
 #include <QTemporaryDir>
 
 #include <memory>
@@ -112,6 +114,14 @@ void TestJourneyDirect::gaugesMoveWithTheDrivingTrain()
     QTRY_VERIFY_WITH_TIMEOUT(pipe->value > 7.0 && pipe->secondValue > 4.5, kPatienceMs);
     QVERIFY(window->Train().latitude != latitude);
     QVERIFY(window->Train().intern.runningDistance > 0.0F);
+
+    // Only here the overview has values; the bridge sends none with its list.
+    window->findChild<QAction *>("actionOverview_Controllerlist")->trigger();
+    const auto *overview = window->findChild<DlgOverviewControllerlist *>();
+    QVERIFY(overview != nullptr);
+    const auto *speed =
+        overview->findChild<QTableWidget *>()->item(window->Loco().Speedometer.id, 2);
+    QTRY_VERIFY_WITH_TIMEOUT(speed->text().toDouble() > 20.0, kPatienceMs);
 
     LeavePicture(*window, "direct_main");
     LeavePicture(*gauges, "direct_pressure");

@@ -9,7 +9,6 @@
 #include "TestMain.h"
 #include "WidgetES44AC.h"
 #include "WidgetMFA.h"
-#include "WidgetMTD.h"
 #include "WidgetMainUsDisplay.h"
 
 #include <QAbstractButton>
@@ -26,8 +25,6 @@ class TestJourneyDisplays : public QObject
 private slots:
     void indicatorScreensFollowTheTrain_data();
     void indicatorScreensFollowTheTrain();
-    void touchScreensShowTheirPagesByKey_data();
-    void touchScreensShowTheirPagesByKey();
     void theNorthAmericanScreenFollowsItsPlan();
 };
 
@@ -121,50 +118,6 @@ void TestJourneyDisplays::indicatorScreensFollowTheTrain()
     screen->close();
     QTRY_VERIFY(!screen);
     QVERIFY(journey.IsEnabled("actionMFA"));
-    QVERIFY(journey.Disconnect());
-}
-
-void TestJourneyDisplays::touchScreensShowTheirPagesByKey_data()
-{
-    QTest::addColumn<QString>("loco");
-    QTest::addColumn<QString>("className");
-    QTest::newRow("BR 145") << "BR 145 023 Rheintal"
-                            << "WidgetMTD_BR145";
-    QTest::newRow("BR 185") << "BR 185 112 Rheintal"
-                            << "WidgetMTD_BR145";
-    QTest::newRow("Railjet") << "Railjet 1116 201"
-                             << "WidgetMTD_Railjet";
-    QTest::newRow("8090") << QString::fromUtf8("ÖBB 8090 715") << "WidgetMTD_Railjet";
-    QTest::newRow("BR 442") << "BR 442 205 Talent" << "WidgetMTD_BR145";
-}
-
-void TestJourneyDisplays::touchScreensShowTheirPagesByKey()
-{
-    QFETCH(QString, loco);
-    QFETCH(QString, className);
-    Journey journey(loco);
-    QVERIFY(journey.Connect());
-    QVERIFY(journey.IsEnabled("actionMTD"));
-    journey.Trigger("actionMTD");
-    QPointer<WidgetMTD> screen = Journey::Find<WidgetMTD>();
-    QVERIFY(screen);
-    QCOMPARE(QString::fromLatin1(screen->metaObject()->className()), className);
-    screen->resize(800, 502);
-    QVERIFY(journey.DriveUntil(Faster, 400));
-    const QString name = "mtd_" + QString::fromLatin1(QTest::currentDataTag()).replace(' ', '_');
-    for (const char *light : {"day", "night"}) {
-        for (const char *key : {"C", "1", "2", "3", "4", "5", "6", "7", "8", "9", "0"}) {
-            QTest::mouseClick(screen->Key(key), Qt::LeftButton);
-            QVERIFY2(screen, key);
-            QVERIFY(journey.Drive(1));
-            screen->OnUpdateSecondTimer();
-            LeavePicture(*screen, QString("%1_%2_%3").arg(name, light, key));
-        }
-        QTest::mouseClick(screen->Key("kont"), Qt::LeftButton);
-    }
-    screen->close();
-    QTRY_VERIFY(!screen);
-    QVERIFY(journey.IsEnabled("actionMTD"));
     QVERIFY(journey.Disconnect());
 }
 

@@ -7,28 +7,16 @@
 #include <cmath>
 #include <limits>
 
-Q_DECLARE_METATYPE(VControllerBase)
-
 class TestValueRule : public QObject
 {
     Q_OBJECT
 
 private slots:
     void halvesGoUp();
-    void valuesScaleToTheOverrideLimits_data();
     void valuesScaleToTheOverrideLimits();
     void lzbDistanceComesFromWhatIsAssigned_data();
     void lzbDistanceComesFromWhatIsAssigned();
 };
-
-namespace {
-VControllerBase Controller(const char *text)
-{
-    VControllerBase controller;
-    controller.ReadConfigText(text);
-    return controller;
-}
-} // namespace
 
 void TestValueRule::halvesGoUp()
 {
@@ -39,26 +27,23 @@ void TestValueRule::halvesGoUp()
     QCOMPARE(Round(std::nan("")), 0);
 }
 
-void TestValueRule::valuesScaleToTheOverrideLimits_data()
-{
-    QTest::addColumn<VControllerBase>("controller");
-    QTest::addColumn<double>("expected");
-
-    // id:name:value:min:max:std:overMin:overMax:adjust
-    QTest::newRow("without adjust the value stays")
-        << Controller("1:x:0.5:-1:1:0:-80:300:0") << 0.5;
-    QTest::newRow("above zero by the upper limits")
-        << Controller("1:x:0.5:-1:1:0:-80:300:1") << 150.0;
-    QTest::newRow("below zero by the lower limits")
-        << Controller("1:x:-0.5:-1:1:0:-80:300:1") << -40.0;
-    QTest::newRow("an upper limit of zero scales nothing")
-        << Controller("1:x:0.5:0:0:0:0:300:1") << 0.5;
-}
-
 void TestValueRule::valuesScaleToTheOverrideLimits()
 {
-    QFETCH(VControllerBase, controller);
-    QTEST(ScaledValue(controller), "expected");
+    const struct
+    {
+        const char *controller; ///< id:name:value:min:max:std:overMin:overMax:adjust
+        double expected;
+    } rows[] = {
+        {"1:x:0.5:-1:1:0:-80:300:0", 0.5}, // not asked for
+        {"1:x:0.5:-1:1:0:-80:300:1", 150.0},
+        {"1:x:-0.5:-1:1:0:-80:300:1", -40.0}, // each side by its own limits
+        {"1:x:0.5:0:0:0:0:300:1", 0.5}, // a scale of length 0
+    };
+    for (const auto &row : rows) {
+        VControllerBase controller;
+        controller.ReadConfigText(row.controller);
+        QCOMPARE(ScaledValue(controller), row.expected);
+    }
 }
 
 void TestValueRule::lzbDistanceComesFromWhatIsAssigned_data()
@@ -76,6 +61,7 @@ void TestValueRule::lzbDistanceComesFromWhatIsAssigned_data()
     QTest::newRow("kilometres that no binary fraction hits")
         << QByteArray("ConfigTyp=5\nLZBDistance=1:x:2.3:0:0:0:0:0\n") << 2300;
     QTest::newRow("kilometres and hundreds") << two + hundreds << 2300;
+    QTest::newRow("hundreds alone tell nothing") << "ConfigTyp=5\n" + hundreds << 9900;
     QTest::newRow("the bar replaces both") << two + hundreds + "LZBBalken=1:x:7:0:0:0:0:0\n" << 700;
     QTest::newRow("a full bar tells nothing") << two + "LZBBalken=1:x:40:0:0:0:0:0\n" << 2000;
 }

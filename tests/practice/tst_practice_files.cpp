@@ -1,5 +1,6 @@
 #include "Controllers.h"
 #include "LocoTable.h"
+#include "PlanFiles.h"
 #include "TestMain.h"
 #include "WorkFolderFiles.h"
 
@@ -30,6 +31,8 @@ private slots:
     void configurationsFitTheirLocos_data();
     void configurationsFitTheirLocos();
     void existingFilesStayUnlessReplaced();
+    void editedTimetablesAreRunBy_data();
+    void editedTimetablesAreRunBy();
 };
 
 void TestPracticeFiles::theTreeHoldsWhatTheTablesGive()
@@ -101,6 +104,39 @@ void TestPracticeFiles::existingFilesStayUnlessReplaced()
     QVERIFY(QFile::exists(folder.filePath("lococonfig/railjet.cfg")));
     QVERIFY(WriteWorkFolder(folder.path(), true, failed));
     QVERIFY(Content(mine.fileName()) != "mine");
+}
+
+void TestPracticeFiles::editedTimetablesAreRunBy_data()
+{
+    QTest::addColumn<QByteArray>("before");
+    QTest::addColumn<QByteArray>("after");
+    QTest::addColumn<int>("departure"); // from the second stop; -2: no train can run by it
+    const QByteArray time("07:04:30;3;");
+    QTest::newRow("as it is delivered") << time << time << (7 * 60 + 4) * 60 + 30;
+    QTest::newRow("a later departure") << time << QByteArray("07:06:00;3;") << (7 * 60 + 6) * 60;
+    QTest::newRow("a time that is none") << time << QByteArray("7.4;3;") << -1;
+    QTest::newRow("no end") << QByteArray("08:29:30;;2;") << QByteArray(";;0;") << -2;
+    QTest::newRow("no start") << QByteArray(";;07:00:00;1;") << QByteArray(";;07:00:00;0;") << -2;
+    QTest::newRow("stations out of order")
+        << QByteArray("Köln Süd") << QByteArray("Roisdorf") << -2;
+}
+
+void TestPracticeFiles::editedTimetablesAreRunBy()
+{
+    QFETCH(QByteArray, before);
+    QFETCH(QByteArray, after);
+    QFETCH(int, departure);
+    const Line line;
+    const Schedule delivered = FindSchedule(ScheduleNames().first(), line);
+    QByteArray text = TimeTableText(line, delivered);
+    QVERIFY(text.contains(before));
+    Schedule read;
+    QCOMPARE(ReadTimeTableText(text.replace(before, after), line, read), departure != -2);
+    if (departure == -2)
+        return;
+    QCOMPARE(read.stops.size(), delivered.stops.size());
+    QCOMPARE(read.vmax, delivered.vmax);
+    QCOMPARE(read.stops[1].departure, departure);
 }
 
 ZUGBLICK_TEST_MAIN(TestPracticeFiles)

@@ -127,6 +127,7 @@ void TestPracticeProgram::theZugblickInFrontIsSentToItsPorts()
     QVERIFY(QDir(folder.filePath("lococonfig")).exists());
     const KabdataSettings settings(folder.filePath("kabdata.ini"));
     QCOMPARE(settings.InterfaceType(), 1);
+    QCOMPARE(settings.LogViewLevel(), 0);
     QCOMPARE(QDir(settings.WorkFolder()), QDir(folder.path()));
     QCOMPARE(said,
              "listening on " + QByteArray::number(settings.EthernetPort()) + "\nweb on "

@@ -1,20 +1,14 @@
-// The web server of the practice simulator, and the catalogue dialog against it.
+// The web server of the practice simulator. What Zugblick does with it is a journey.
 
 #include "Catalogue.h"
-#include "DlgCheckNewFiles.h"
 #include "KabdataSettings.h"
 #include "LoginCheck.h"
-#include "ScriptedDialogs.h"
 #include "ServerClient.h"
 #include "ServerUrl.h"
 #include "TestMain.h"
 #include "WebContent.h"
 #include "WebServer.h"
-#include "WorkFolderFiles.h"
-#include "WorkFolders.h"
 
-#include <QRadioButton>
-#include <QTableWidget>
 #include <QTemporaryDir>
 
 #include <memory>
@@ -33,7 +27,6 @@ private slots:
     void theCatalogueNamesFilesThatExist();
     void faultsAreReadFromText_data();
     void faultsAreReadFromText();
-    void theDialogInstallsFromIt();
     void theInboxShowsWhatWasSent();
     void onlyTheKnownUserMayPublish_data();
     void onlyTheKnownUserMayPublish();
@@ -117,35 +110,6 @@ void TestPracticeWeb::faultsAreReadFromText()
     QCOMPARE(practice::ReadWebFault(text, fault), every > 0);
     if (every > 0)
         QCOMPARE(fault.every, every);
-}
-
-void TestPracticeWeb::theDialogInstallsFromIt()
-{
-    QString failed;
-    QVERIFY(practice::WriteWorkFolder(folder->path(), true, failed));
-    ScriptedDialogs dialogs;
-    dialogs.answers = {UserDialogs::Answer::Yes};
-    DlgCheckNewFiles dialog(settings.get());
-    dialog.show();
-    const auto *table = dialog.findChild<QTableWidget *>();
-    QTRY_VERIFY(table->rowCount() > 0);
-    const auto states = [table] {
-        QMap<QString, int> counts;
-        for (int row = 0; row < table->rowCount(); ++row)
-            ++counts[table->item(row, 1)->text()];
-        return counts;
-    };
-    for (const char *kind :
-         {"radioButton_timetable", "radioButton_roadmaps", "radioButton_lococonfig"}) {
-        dialog.findChild<QRadioButton *>(kind)->click();
-        const int files = table->rowCount();
-        QCOMPARE(states(),
-                 (QMap<QString, int>{{"neu", 1}, {"update", 1}, {"bereits vorhanden", files - 2}}));
-        dialog.OnPushSelectAll();
-        dialog.OnDownloadFiles();
-        QCOMPARE(states(), (QMap<QString, int>{{"bereits vorhanden", files}}));
-    }
-    QCOMPARE(dialogs.boxes.size(), 1); // the question at the start
 }
 
 void TestPracticeWeb::theInboxShowsWhatWasSent()

@@ -4,7 +4,6 @@
 #include "RecordRules.h"
 
 namespace {
-constexpr ConfigTypes kAll = ConfigTypes::All();
 constexpr ConfigTypes kLzbTypes{1, 2, 3, 4, 5, 6};
 
 // The BR 101 reads everything from the list of active records and mends it after the list.
@@ -34,7 +33,7 @@ const QVector<PanelEffect> kBr101Effects{
     {&LocoData::LZBPanelStatus, ShowLzbPanel},
     {&LocoData::LZBDistance, ShowLzbDistance},
     {&LocoData::LZBSpeed, ShowLzbSpeed},
-    {&LocoData::LZBTargetSpeed, ShowLzbTargetSpeed, kAll, true},
+    {&LocoData::LZBTargetSpeed, ShowLzbTargetSpeed},
     {&LocoData::LZBTargetSpeedH, ShowLzbTargetSpeed},
 };
 
@@ -89,12 +88,12 @@ const QVector<PanelEffect> kBr145Effects{
 const QVector<PanelEffect> kBr145OwnEffects{
     {&LocoData::Beschleunigungsmesser, ShowEffort},
     {&LocoData::Zugkraftvorwahl, ShowPresetEffort},
-    {&LocoData::LZBTargetSpeed, ShowLzbTargetSpeed, ConfigTypes{3, 5, 6}.Others(), true},
+    {&LocoData::LZBTargetSpeed, ShowLzbTargetSpeed, ConfigTypes{3, 5, 6}.Others()},
     {&LocoData::LZBTargetSpeedH, ShowLzbTargetSpeed, ConfigTypes{3, 5, 6}.Others()},
 };
 const QVector<PanelEffect> kBr155OwnEffects{
     {&LocoData::Beschleunigungsmesser, ShowEffortTwice},
-    {&LocoData::LZBTargetSpeed, ShowLzbTargetSpeed, kAll, true},
+    {&LocoData::LZBTargetSpeed, ShowLzbTargetSpeed},
     {&LocoData::LZBTargetSpeedH, ShowLzbTargetSpeed},
 };
 
@@ -131,14 +130,14 @@ void RunSteps(const QVector<PanelStep> &steps, const LocoData &loco, PanelState 
 void RunRecord(const PanelRules &rules, const LocoData &loco, VControllerBase &record,
                PanelState &state)
 {
-    const bool assigned = IsAssigned(record);
+    if (!IsAssigned(record))
+        return;
     for (const PanelEffect &each : rules.effects) {
-        if (&(loco.*each.record) == &record && (assigned || each.evenUnassigned)
-            && each.types.Holds(loco.configTyp))
+        if (&(loco.*each.record) == &record && each.types.Holds(loco.configTyp))
             each.effect(state, record, loco);
     }
     for (const PanelLampRule &each : rules.lamps) {
-        if (assigned && &(loco.*each.record) == &record && each.types.Holds(loco.configTyp))
+        if (&(loco.*each.record) == &record && each.types.Holds(loco.configTyp))
             state.Lit(each.lamp) = each.isLit(record);
     }
 }

@@ -41,7 +41,6 @@ struct PanelEffect
     VControllerBase LocoData::*record;
     void (*effect)(PanelState &state, VControllerBase &record, const LocoData &loco);
     ConfigTypes types = ConfigTypes::All();
-    bool evenUnassigned = false; ///< the effect itself looks at what is assigned
 };
 
 /// A row that runs once a pass, whatever the list of active records holds.
@@ -68,5 +67,5 @@ const PanelRules &RulesOfBr145();
 const PanelRules &RulesOfBr155();
 
 /// One pass over the records. No events run in it. A record that is not assigned to a controller
-/// takes no part, except where a row says so.
+/// takes no part.
 void RunPanelPass(const PanelRules &rules, LocoData &loco, PanelState &state);

@@ -9,6 +9,7 @@
 #include "Speedometer.h"
 #include "ZugkraftDisplay.h"
 
+#include <cmath>
 #include <cstdlib>
 
 namespace {
@@ -26,9 +27,10 @@ int PowerPercent(const VControllerBase &throttle, const VControllerBase &brake)
     const auto toThrottleRange = [&throttle](double value) {
         return Rescale(value, EffectiveRange(throttle).max, throttle.max);
     };
-    if (throttle.value <= 0.0F && IsAssigned(brake))
-        return Round(brake.adjust == 1 ? -toThrottleRange(brake.value) : brake.value);
-    return Round(throttle.adjust == 1 ? toThrottleRange(throttle.value) : throttle.value);
+    const double power = throttle.adjust == 1 ? toThrottleRange(throttle.value) : throttle.value;
+    if (power > 0.0 || !IsAssigned(brake))
+        return Round(power);
+    return Round(brake.adjust == 1 ? -toThrottleRange(brake.value) : brake.value);
 }
 
 const QVector<RecordRule<TouchIndication>> &TouchIndication::Rules()
@@ -85,7 +87,10 @@ const QVector<RecordRule<TouchIndication>> &TouchIndication::LzbRules()
 void TouchIndication::ShowSpeed(int maxSpeed, double speed)
 {
     panel.speedometer->setMaxSpeed(maxSpeed);
-    panel.speedometer->setSpeed(static_cast<float>(speed)); // last: events run inside
+    // The needle stands at the absolute speed: driving backwards is no reason to move it again.
+    const auto shown = static_cast<float>(speed);
+    if (std::abs(shown) != panel.speedometer->speed)
+        panel.speedometer->setSpeed(shown); // last: events run inside
 }
 
 void TouchIndication::ShowForce(const VControllerBase &record)

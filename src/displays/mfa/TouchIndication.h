@@ -27,6 +27,8 @@ public:
         const QPointer<QWidget> window(&screen);
         loco = &locoData;
         const bool survived = WalkActiveRecords(locoData, [&](VControllerBase &record) {
+            if (!TakesPart(record))
+                return true;
             return RunRules(ownRules, screen, locoData, record, window)
                 && RunRules(Rules(), *this, locoData, record, window);
         });
@@ -51,6 +53,12 @@ private:
     static const QVector<RecordRule<TouchIndication>> &Rules();
     static const QVector<RecordRule<TouchIndication>> &LzbRules();
 
+    /// A function that no controller of the loco feeds tells nothing, although the configuration
+    /// lists it. The light "B" alone then shows its standard value.
+    bool TakesPart(const VControllerBase &record) const
+    {
+        return IsAssigned(record) || &record == &loco->LZB_ML_B;
+    }
     void TakeTrainKind(VControllerBase &record);
     void TakeAfb(VControllerBase &record);
     void TakeTargetMarker(VControllerBase &record);

@@ -13,7 +13,9 @@
 namespace {
 constexpr int kPassInterval = 500; // ms, whatever the polling does
 constexpr double kKilometresPerMile = 1.60934;
-constexpr int kDialFontSize = 18; // in the dial's own frame of 400 units
+// In the dials' own frame of 400 units. One half of the effort dial may hold sixteen numbers.
+constexpr int kSpeedFontSize = 18;
+constexpr int kEffortFontSize = 16;
 } // namespace
 
 WidgetMFA_Panel::WidgetMFA_Panel(KabdataSettings *windowSettings, TrainData *train, QWidget *parent,
@@ -30,8 +32,9 @@ void WidgetMFA_Panel::Open(const PanelDials &formDials, LampField *formField)
     field = formField;
     lamps = std::make_unique<PanelLamps>(*this);
     QFont dialFont = font();
-    dialFont.setPixelSize(kDialFontSize);
+    dialFont.setPixelSize(kSpeedFontSize);
     dials.speed->setFont(dialFont);
+    dialFont.setPixelSize(kEffortFontSize);
     dials.effort->setFont(dialFont);
     Configure();
     RestoreGeometry();

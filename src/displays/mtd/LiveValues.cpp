@@ -58,8 +58,13 @@ void EnergyMeter::Add(qint64 milliseconds, double amperes, double kilovolts)
         static_cast<double>(milliseconds) * amperes * kilovolts / kMillisecondsPerHour;
     if (amperes == 0.0 || std::isnan(amperes))
         return;
-    float &sum = amperes > 0.0 ? used : back;
+    float &sum = amperes > 0.0 ? energyUsed : energyBack;
     const double total = static_cast<double>(sum) + energy;
     if (std::abs(total) <= static_cast<double>(std::numeric_limits<float>::max()))
         sum = static_cast<float>(total);
+}
+
+QString KilowattHours(float energy)
+{
+    return QString::number(static_cast<double>(energy), 'f', 0) + QStringLiteral(" kWh");
 }

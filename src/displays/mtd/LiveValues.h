@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QElapsedTimer>
+#include <QString>
 
 #include <optional>
 
@@ -16,7 +17,7 @@ double LineCurrent(const VControllerBase &record);
 
 /// A tractive effort in kN, each sign by its own end of the display's range. Some locos
 /// (`halvesBraking`) report the braking effort at twice its size.
-double TractiveEffort(const VControllerBase &record, bool halvesBraking);
+double TractiveEffort(const VControllerBase &record, bool halvesBraking = false);
 
 /// A display value without its fraction; one motor of four has a quarter of the effort.
 int EffortPerMotor(double effort);
@@ -31,6 +32,9 @@ public:
     /// Kilovolts times amperes over milliseconds; nothing is added for what is no number.
     void Add(qint64 milliseconds, double amperes, double kilovolts);
 
-    float used = 0.0F;
-    float back = 0.0F; ///< stays negative
+    float energyUsed = 0.0F;
+    float energyBack = 0.0F; ///< stays negative
 };
+
+/// An energy as its counter shows it.
+QString KilowattHours(float energy);

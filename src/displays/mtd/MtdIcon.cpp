@@ -1,6 +1,7 @@
 #include "MtdIcon.h"
 
 #include "Hairline.h"
+#include "Log.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QPixmapCache>
@@ -80,6 +81,8 @@ void MtdIcon::Fit()
         FittedPicture(picture, room, devicePixelRatioF(),
                       scaling == Scaling::Fast ? Qt::FastTransformation : Qt::SmoothTransformation);
     setPixmap(fitted);
+    if (scaling == Scaling::Smooth)
+        qCDebug(lcDisplays) << "Pixmap NewSize: " << fitted.size();
 }
 
 void MtdIcon::resizeEvent(QResizeEvent *event)
@@ -98,7 +101,7 @@ void MtdIcon::paintEvent(QPaintEvent *event)
     DrawHairline(painter, palette(), rect());
 }
 
-/// Rich text names its own sizes, which are those of the smallest cell: it grows as a drawing.
+/// Rich text names its own sizes, so it fits its cell as a drawing does.
 void MtdIcon::PaintRichText()
 {
     QTextDocument document;
@@ -110,8 +113,7 @@ void MtdIcon::PaintRichText()
     const QSizeF room = size() - QSize(2 * kRim, 2 * kRim);
     if (drawn.isEmpty() || room.isEmpty())
         return;
-    const double scale =
-        std::max(1.0, std::min(room.width() / drawn.width(), room.height() / drawn.height()));
+    const double scale = std::min(room.width() / drawn.width(), room.height() / drawn.height());
     QPainter painter(this);
     painter.translate(QRectF(rect()).center());
     painter.scale(scale, scale);

@@ -18,6 +18,8 @@ public:
     /// True when this changed the cell. An unknown picture leaves the cell empty.
     bool ShowPicture(const QString &name, Scaling scaling);
     bool ShowText(const QString &text);
+    /// The name of the picture that is shown; empty when there is none.
+    const QString &Picture() const { return picture; }
 
     QSize minimumSizeHint() const override { return {8, 8}; }
     QSize sizeHint() const override { return minimumSizeHint(); }

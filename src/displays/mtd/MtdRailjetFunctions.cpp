@@ -3,12 +3,12 @@
 namespace MtdRailjet {
 namespace {
 constexpr FunctionRow kRows[FunctionCount] = {
-    {&Toggles::eb, "EB\nein", "EB\naus"},
-    {&Toggles::nbb, "NBB\nein", "NBB\naus"},
-    {&Toggles::railjet, "Railjet\nein", "Railjet\naus"},
-    {&Toggles::wasch, "Wasch\nein", "Wasch\naus"},
-    {&Toggles::belade, "Belade\nein", "Belade\naus"},
-    {&Toggles::iBegr, "I-Begr.\nein", "I-Begr.\naus"},
+    {&Toggles::ebOn, "EB\nein", "EB\naus"},
+    {&Toggles::nbbOn, "NBB\nein", "NBB\naus"},
+    {&Toggles::railjetOn, "Railjet\nein", "Railjet\naus"},
+    {&Toggles::waschOn, "Wasch\nein", "Wasch\naus"},
+    {&Toggles::beladeOn, "Belade\nein", "Belade\naus"},
+    {&Toggles::iBegrOn, "I-Begr.\nein", "I-Begr.\naus"},
 };
 
 /// Switches at once, where nothing is to be confirmed.
@@ -29,26 +29,26 @@ Notice Request(bool &toggle, Notice request)
 void Confirm(Toggles &toggles, const QString &shown)
 {
     if (shown.startsWith(QLatin1String("E-Bremse")))
-        toggles.eb = true;
+        toggles.ebOn = true;
     else if (shown.startsWith(QLatin1String("Waschprogramm")))
-        toggles.wasch = true;
+        toggles.waschOn = true;
 }
 
 Notice LimitCurrent(Toggles &toggles, int land)
 {
     if (land == Germany) {
-        Flip(toggles.iBegr);
+        Flip(toggles.iBegrOn);
         return Notice::None;
     }
-    toggles.iBegr = false;
+    toggles.iBegrOn = false;
     return Notice::OnlyGermany;
 }
 
 Notice RequestWash(Toggles &toggles)
 {
-    const Notice notice = Request(toggles.wasch, Notice::ConfirmWasch);
+    const Notice notice = Request(toggles.waschOn, Notice::ConfirmWasch);
     if (notice != Notice::None)
-        toggles.iBegr = false;
+        toggles.iBegrOn = false;
     return notice;
 }
 } // namespace
@@ -64,15 +64,15 @@ FunctionPress OnFunctionKey(const QString &key, const Toggles &toggles, const QS
     FunctionPress press{toggles};
     Toggles &now = press.toggles;
     if (key == QLatin1String("1"))
-        press.notice = Request(now.eb, Notice::ConfirmEb);
+        press.notice = Request(now.ebOn, Notice::ConfirmEb);
     else if (key == QLatin1String("2"))
-        Flip(now.nbb);
+        Flip(now.nbbOn);
     else if (key == QLatin1String("3"))
-        Flip(now.railjet);
+        Flip(now.railjetOn);
     else if (key == QLatin1String("4"))
         press.notice = RequestWash(now);
     else if (key == QLatin1String("5"))
-        Flip(now.belade);
+        Flip(now.beladeOn);
     else if (key == QLatin1String("6"))
         press.notice = LimitCurrent(now, land);
     else if (key == QLatin1String("E"))
@@ -109,12 +109,12 @@ Captions FunctionCaptions(const Toggles &toggles)
 
 QString TrainPrefix(const Toggles &toggles)
 {
-    if (toggles.wasch)
+    if (toggles.waschOn)
         return QStringLiteral("Waschfahrt+");
     QString prefix;
-    if (toggles.eb)
+    if (toggles.ebOn)
         prefix = QStringLiteral("EB+");
-    if (toggles.railjet)
+    if (toggles.railjetOn)
         prefix += QStringLiteral("Railjet+");
     return prefix;
 }

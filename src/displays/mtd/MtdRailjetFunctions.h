@@ -10,12 +10,12 @@ namespace MtdRailjet {
 /// What is switched on.
 struct Toggles
 {
-    bool eb = false; ///< raised effect of the electric brake
-    bool nbb = false; ///< emergency brake override
-    bool railjet = true;
-    bool wasch = false; ///< washing programme
-    bool belade = false; ///< loading programme
-    bool iBegr = false; ///< current limit
+    bool ebOn = false; ///< raised effect of the electric brake
+    bool nbbOn = false; ///< emergency brake override
+    bool railjetOn = true;
+    bool waschOn = false; ///< washing programme
+    bool beladeOn = false; ///< loading programme
+    bool iBegrOn = false; ///< current limit
 };
 
 /// One function, in the order of its key from 1.

@@ -1,5 +1,7 @@
 #include "MtdRailjetIcons.h"
 
+#include <QHash>
+
 namespace MtdRailjet {
 namespace {
 constexpr float kReleasedBar = 1.0F;
@@ -57,7 +59,12 @@ QString BrakePicture(Readiness &ready, float bar, const QString &brakeMode)
         return {};
     if (ready.mainSwitchOn)
         ready.tractionFree = false;
-    return QStringLiteral(":icons/druckluftbremse_") + brakeMode.toLower();
+    static const QHash<QString, QString> pictures = {
+        {QStringLiteral("R"), QStringLiteral(":icons/druckluftbremse_r")},
+        {QStringLiteral("P"), QStringLiteral(":icons/druckluftbremse_p")},
+        {QStringLiteral("G"), QStringLiteral(":icons/druckluftbremse_g")},
+    };
+    return pictures.value(brakeMode);
 }
 
 QString BrakeMode(float value, const QString &present)

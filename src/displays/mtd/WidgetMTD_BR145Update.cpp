@@ -23,11 +23,6 @@ bool IsOn(double value)
 {
     return value == 1.0;
 }
-
-QString KilowattHours(float energy)
-{
-    return QString::number(static_cast<double>(energy), 'f', 0) + QStringLiteral(" kWh");
-}
 } // namespace
 
 /// What one pass collects on its way through the records.
@@ -215,8 +210,7 @@ void WidgetMTD_BR145::ShowEffortPreset(const VControllerBase &record, LivePass &
 void WidgetMTD_BR145::ShowEffort(const VControllerBase &record, LivePass &pass)
 {
     const double effort = TractiveEffort(record, HalvesBraking());
-    pass.shown.SetText(form->label_zugkraftsumme,
-                       QString::number(TruncToInt(effort)) + QStringLiteral(" kN"));
+    pass.shown.SetText(form->label_zugkraftsumme, QStringLiteral("%1 kN").arg(TruncToInt(effort)));
     for (ValueBar *bar : MotorBars()) {
         if (HalvesBraking())
             pass.shown.SetRange(bar, 0, kHalvingEffortRange);
@@ -258,18 +252,18 @@ void WidgetMTD_BR145::ShowBattery(const VControllerBase &record, LivePass &pass)
 /// The ".0" is part of the display's text and follows a fraction too.
 void WidgetMTD_BR145::ShowBatteryVoltage(double volts, LivePass &pass)
 {
-    pass.shown.SetText(form->label_Batteriespannung, ToText(volts) + QStringLiteral(".0 V="));
+    pass.shown.SetText(form->label_Batteriespannung, QStringLiteral("%1.0 V=").arg(ToText(volts)));
 }
 
 /// Without a current the counters keep their last texts.
 void WidgetMTD_BR145::ShowEnergy(LivePass &pass)
 {
     if (pass.current > 0.0) {
-        const QString used = KilowattHours(energy.used);
+        const QString used = KilowattHours(energy.energyUsed);
         pass.shown.SetText(form->label_powerVerbrauch, used);
         pass.shown.SetText(form->label_powerVerbrauch_2, used);
     } else if (pass.current < 0.0) {
-        const QString back = KilowattHours(std::abs(energy.back));
+        const QString back = KilowattHours(std::abs(energy.energyBack));
         pass.shown.SetText(form->label_powerBack, back);
         pass.shown.SetText(form->label_powerBack_2, back);
     }
@@ -281,8 +275,6 @@ void WidgetMTD_BR145::ShowTrain(LivePass &pass)
         pass.shown.SetState(label, pass.status, !pass.status.isEmpty(), StateOnPage);
     const double speed = static_cast<double>(trainData->speed) * kKilometresPerMile;
     const auto distance = static_cast<double>(trainData->intern.runningDistance);
-    pass.shown.SetText(form->label_Geschwindigkeit,
-                       QString::number(Round(speed)) + QStringLiteral(" km/h"));
-    pass.shown.SetText(form->label_laufleistung,
-                       QString::number(Round(distance)) + QStringLiteral(" km"));
+    pass.shown.SetText(form->label_Geschwindigkeit, QStringLiteral("%1 km/h").arg(Round(speed)));
+    pass.shown.SetText(form->label_laufleistung, QStringLiteral("%1 km").arg(Round(distance)));
 }

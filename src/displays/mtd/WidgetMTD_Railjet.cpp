@@ -29,8 +29,8 @@ WidgetMTD_Railjet::WidgetMTD_Railjet(KabdataSettings *storage, int style, QWidge
     PageWidget(PageMain)->setAutoFillBackground(true);
     PageWidget(PageMain)->setPalette(PagePalette(true));
     SetUpBars();
-    TakeScreenText();
     ScaleFonts();
+    TakeScreenText();
     DrawSystem(land);
     functionHint = form->label_status_funktionen->text();
     form->label_status_funktionen->clear();
@@ -104,7 +104,7 @@ void WidgetMTD_Railjet::ShowState(int state)
     pageState = state;
     form->stackedWidget->setCurrentIndex(MtdRailjet::PageOf(state));
     if (state == MtdRailjet::Functions) {
-        ShowFunctions(QString());
+        ShowFunctions(); // a request that still waits for its key stands as it was
         return;
     }
     SetKeyTexts(MtdRailjet::CaptionsOf(state));

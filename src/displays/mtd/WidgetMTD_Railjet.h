@@ -86,7 +86,7 @@ private:
 
     // The functions.
     void OnFunctionKey(const QString &key);
-    void ShowFunctions(const QString &message);
+    void ShowFunctions();
     void SetFunctionLabel(QLabel *label, const QString &text, bool marked, const QColor &background,
                           const QColor &foreground);
 
@@ -104,7 +104,6 @@ private:
     void StartWait(MtdRailjet::Wait wait);
     void SetIconLabel(MtdIcon *first, const QString &text, const QString &picture);
     MtdIcon *IconOfPage(const MtdIcon *first) const;
-    bool HalvesBraking() const;
 
     void ShowWorkshopBattery(const VControllerBase &record, LivePass &pass);
     void ShowWorkshopHeating(const VControllerBase &record, LivePass &pass);

@@ -131,10 +131,13 @@ void WidgetMTD_Railjet::OnFunctionKey(const QString &key)
     const MtdRailjet::FunctionPress press =
         MtdRailjet::OnFunctionKey(key, functions, form->label_status_funktionen->text(), land);
     functions = press.toggles;
-    ShowFunctions(MtdRailjet::NoticeText(press.notice, functionHint));
+    ShowFunctions();
+    const QString message = MtdRailjet::NoticeText(press.notice, functionHint);
+    SetFunctionLabel(form->label_status_funktionen, message, !message.isEmpty(), kNotice,
+                     Qt::black);
 }
 
-void WidgetMTD_Railjet::ShowFunctions(const QString &message)
+void WidgetMTD_Railjet::ShowFunctions()
 {
     struct Row
     {
@@ -156,8 +159,6 @@ void WidgetMTD_Railjet::ShowFunctions(const QString &message)
         row.state->setText(on ? QStringLiteral("ein") : QStringLiteral("aus"));
     }
     SetKeyTexts(MtdRailjet::FunctionCaptions(functions));
-    SetFunctionLabel(form->label_status_funktionen, message, !message.isEmpty(), kNotice,
-                     Qt::black);
 }
 
 /// A label that is not marked wears the palette of its page, by day and by night.

@@ -20,18 +20,11 @@
 #include <cmath>
 
 namespace {
-constexpr int kHalvingDisplay = 9; ///< together with the configuration below
-constexpr int kHalvingConfig = 2;
 constexpr int kPlainPoints = 10;
 constexpr int kLetterPoints = 40; ///< the mode of a released brake
 constexpr int kAlarmPoints = 20;
 constexpr int kStartupMs = 7000;
 const QColor kSpecialTrain(84, 255, 255); ///< a train number with a prefix
-
-QString KilowattHours(float energy)
-{
-    return QString::number(static_cast<double>(energy), 'f', 0) + QStringLiteral(" kWh");
-}
 
 /// The number of units coupled, as the unit's own rich text.
 QString UnitsText(int units)
@@ -183,7 +176,7 @@ void WidgetMTD_Railjet::Update(LivePass &pass)
         if (ShowRecord(workshop ? WorkshopRules() : LiveRules(), *record, pass) && workshop) {
             const auto distance = static_cast<double>(trainData->intern.runningDistance);
             pass.shown.SetText(form->label_laufleistung,
-                               QString::number(Round(distance)) + QStringLiteral(" km"));
+                               QStringLiteral("%1 km").arg(Round(distance)));
         }
     }
     if (const auto elapsed = SinceLastPass(energyTimer)) {
@@ -219,7 +212,7 @@ void WidgetMTD_Railjet::ShowTrain()
 {
     const QString text =
         MtdRailjet::TrainPrefix(functions) + QStringLiteral("Zug ") + trainData->intern.trainNumber;
-    const bool special = functions.eb || functions.railjet;
+    const bool special = functions.ebOn || functions.railjetOn;
     for (QLabel *label : {form->label_zug, form->label_zug_2, form->label_zug_3}) {
         QPalette palette = label->palette();
         palette.setColor(label->backgroundRole(), special ? kSpecialTrain : statusBackColor);
@@ -270,11 +263,6 @@ void WidgetMTD_Railjet::StartWait(MtdRailjet::Wait wait)
     }
 }
 
-bool WidgetMTD_Railjet::HalvesBraking() const
-{
-    return locoData->configTyp == kHalvingConfig && locoData->display == kHalvingDisplay;
-}
-
 /// The ".0" is part of the display's text and follows a fraction too.
 void WidgetMTD_Railjet::ShowWorkshopBattery(const VControllerBase &record, LivePass &pass)
 {
@@ -283,7 +271,8 @@ void WidgetMTD_Railjet::ShowWorkshopBattery(const VControllerBase &record, LiveP
     auto volts = static_cast<double>(record.value);
     if (record.adjust == 1)
         volts *= EffectiveRange(record).max;
-    pass.shown.SetText(form->label_Batteriespannung, ToText(volts) + QStringLiteral(".0 V = "));
+    pass.shown.SetText(form->label_Batteriespannung,
+                       QStringLiteral("%1.0 V = ").arg(ToText(volts)));
 }
 
 void WidgetMTD_Railjet::ShowWorkshopHeating(const VControllerBase &record, LivePass &pass)
@@ -313,8 +302,7 @@ void WidgetMTD_Railjet::ShowWorkshopPantograph(const VControllerBase &record, Li
 void WidgetMTD_Railjet::ShowSpeed(const VControllerBase &record, LivePass &pass)
 {
     pass.shown.SetText(form->label_Geschwindigkeit,
-                       QString::number(Round(static_cast<double>(record.value)))
-                           + QStringLiteral(" km/h"));
+                       QStringLiteral("%1 km/h").arg(Round(static_cast<double>(record.value))));
 }
 
 void WidgetMTD_Railjet::ShowCab(const VControllerBase &record, LivePass &pass)
@@ -365,14 +353,14 @@ void WidgetMTD_Railjet::TakeCurrent(const VControllerBase &record, LivePass &pas
 
 void WidgetMTD_Railjet::ShowEffortPreset(const VControllerBase &record, LivePass &pass)
 {
-    const int marker = EffortPerMotor(TractiveEffort(record, HalvesBraking()));
+    const int marker = EffortPerMotor(TractiveEffort(record));
     for (ValueBar *bar : MotorBars())
         pass.shown.SetMarker(bar, marker);
 }
 
 void WidgetMTD_Railjet::ShowEffort(const VControllerBase &record, LivePass &pass)
 {
-    const int effort = EffortPerMotor(TractiveEffort(record, HalvesBraking()));
+    const int effort = EffortPerMotor(TractiveEffort(record));
     for (ValueBar *bar : MotorBars())
         pass.shown.SetValue(bar, effort);
 }
@@ -462,12 +450,12 @@ void WidgetMTD_Railjet::FollowBrake(const VControllerBase &record, LivePass &pas
 void WidgetMTD_Railjet::ShowEnergy(LivePass &pass)
 {
     if (pass.current > 0.0) {
-        const QString used = KilowattHours(energy.used);
+        const QString used = KilowattHours(energy.energyUsed);
         for (QLabel *label : {form->label_powerVerbrauch, form->label_powerVerbrauch_2,
                               form->label_powerVerbrauch_3})
             pass.shown.SetText(label, used);
     } else if (pass.current < 0.0) {
-        const QString back = KilowattHours(std::abs(energy.back));
+        const QString back = KilowattHours(std::abs(energy.energyBack));
         for (QLabel *label :
              {form->label_powerBack, form->label_powerBack_2, form->label_powerBack_3})
             pass.shown.SetText(label, back);

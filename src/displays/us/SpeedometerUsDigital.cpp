@@ -14,7 +14,7 @@ constexpr double kStart = -100.0; ///< degrees of its zero, from 12 o'clock
 constexpr double kRadius = 130.0;
 constexpr double kLabelRadius = 110.0;
 constexpr double kLabelStart = 170.0; ///< the same zero as a math angle
-constexpr double kLabelWidth = 20.0; ///< three digits are squeezed, clear of the ticks
+constexpr double kLabelWidth = 17.0; ///< squeezes the digits until they are clear of the ticks
 constexpr int kLabelPointSize = 12;
 constexpr double kLineWidth = 2.0;
 constexpr TickShape kLongTick{10.0, kLineWidth};

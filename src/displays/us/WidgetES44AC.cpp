@@ -16,6 +16,9 @@ namespace {
 constexpr QSize kDesignSize(800, 520);
 constexpr int kKeyHeight = 46;
 constexpr int kTrackRowHeight = 34;
+/// Of the screen's width. A dial that is higher than three quarters of its own width loses the
+/// sides of its arc, and the dial's column is three fifths of the screen.
+constexpr double kHighestDial = 0.45;
 constexpr QMargins kTableMargins(50, 10, 50, 10);
 /// Set in the form: the height of a widget's text in pixels at the design size.
 constexpr const char *kTextSize = "textSize";
@@ -193,8 +196,7 @@ void WidgetES44AC::FillTrackTable(const QVector<TrainTimeTable> &tracks)
         table->setItem(row, 2, Cell(track.TrainNumber));
     }
     table->setContentsMargins(kTableMargins);
-    table->resizeColumnToContents(0);
-    table->resizeColumnToContents(1);
+    FitTrackColumns();
 }
 
 /// The first column carries the path of its plan as tool tip. Empty without a selected row.
@@ -228,6 +230,7 @@ void WidgetES44AC::LoadSelectedTrack()
 void WidgetES44AC::resizeEvent(QResizeEvent *event)
 {
     WidgetMainUsBase::resizeEvent(event);
+    form->widget_speed->setMaximumHeight(qRound(width() * kHighestDial));
     ScaleTexts(std::min(width() / static_cast<double>(kDesignSize.width()),
                         height() / static_cast<double>(kDesignSize.height())));
 }
@@ -255,4 +258,12 @@ void WidgetES44AC::ScaleTexts(double factor)
     // The style sheet keeps the table's head from taking the font over, but not its items.
     for (int column = 0; column < table->columnCount(); ++column)
         table->horizontalHeaderItem(column)->setFont(table->font());
+    FitTrackColumns();
+}
+
+/// The last column takes what is left.
+void WidgetES44AC::FitTrackColumns()
+{
+    for (const int column : {0, 1})
+        form->tableWidget_tracks->resizeColumnToContents(column);
 }

@@ -61,6 +61,7 @@ private:
     void FillTrackTable(const QVector<TrainTimeTable> &tracks);
     QString SelectedPath() const;
     void ScaleTexts(double factor);
+    void FitTrackColumns();
 
     std::unique_ptr<Ui::WidgetES44AC> form;
     KabdataSettings *settings;

@@ -2,8 +2,9 @@
 
 #include <QComboBox>
 
-/// A combo box that tells what it stands for while no entry is selected. The box's own
-/// placeholder text will not do: taking it away selects the first entry.
+/// A combo box that tells what it stands for while no entry is selected, and whose list is as wide
+/// as its entries, however narrow the box. The box's own placeholder text will not do: taking it
+/// away selects the first entry.
 class ControllerComboBox : public QComboBox
 {
     Q_OBJECT
@@ -15,7 +16,10 @@ public:
     /// What the box shows, with and without a selection.
     QString ShownText() const { return currentIndex() < 0 ? textWithoutEntry : currentText(); }
 
+    void showPopup() override;
+
 protected:
+    bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:

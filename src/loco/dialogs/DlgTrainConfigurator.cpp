@@ -116,7 +116,7 @@ void DlgTrainConfigurator::SetUpPages()
     for (const FunctionGroup group : kFunctionGroups)
         ui->listWidget_pages->addItem(GroupLabel(group));
     ui->listWidget_pages->addItem(QStringLiteral("Bremstabelle"));
-    constexpr int kListMargin = 24;
+    constexpr int kListMargin = 16;
     const int listWidth = ui->listWidget_pages->sizeHintForColumn(0) + kListMargin;
     ui->listWidget_pages->setFixedWidth(listWidth);
     ui->lineEdit_search->setFixedWidth(listWidth);

@@ -13,6 +13,7 @@ class KabdataSettings;
 class QAbstractButton;
 class QNetworkReply;
 class QProgressDialog;
+class ServerClient;
 namespace Ui {
 class DlgTrainConfigurator;
 }
@@ -65,12 +66,13 @@ private:
     QString ProposedFile() const;
     QString AskForFile();
     void SetCurrentFile(const QString &name);
-    void SendFile(const QString &name, const QByteArray &content);
+    void SendFile(const QByteArray &content);
 
     std::unique_ptr<Ui::DlgTrainConfigurator> ui;
     const KabdataSettings *settings;
     const ControllerList *controllers;
     const LocoData *loaded = nullptr;
+    ServerClient *client = nullptr; ///< made for the first file that is published
     QString locoName;
     const QString title; ///< of the window, without a file
     const QString folder; ///< `lococonfig/`

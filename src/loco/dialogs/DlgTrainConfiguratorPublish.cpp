@@ -4,17 +4,23 @@
 
 #include "KabdataSettings.h"
 #include "Log.h"
+#include "PublishForm.h"
+#include "PublishReply.h"
+#include "ServerClient.h"
 #include "UserDialogs.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QNetworkAccessManager>
-#include <QNetworkReply>
-#include <QUrlQuery>
 
 namespace {
-const QString kTitle = QStringLiteral("Zugblick");
-constexpr int kTransferTimeoutMs = 15000;
+const PublishTexts &Texts()
+{
+    static const PublishTexts texts{
+        "DlgTrainConfigurator::OnNewFilePostReplyFinished",
+        QStringLiteral("Datei wurde zum Server gesendet und wird überprüft!"),
+        QStringLiteral("Datei konnte nicht gesendet werden.\n")};
+    return texts;
+}
 } // namespace
 
 void DlgTrainConfigurator::OnExportFile()
@@ -27,50 +33,31 @@ void DlgTrainConfigurator::OnExportFile()
     QFile file(path);
     // A file that is not there yet is made by this.
     if (!file.open(QIODevice::ReadWrite | QIODevice::Text)) {
-        UserDialogs::Instance().Warn(this, kTitle,
+        UserDialogs::Instance().Warn(this, QStringLiteral("Zugblick"),
                                      QStringLiteral("Can not write file\n") + path
                                          + QLatin1Char('\n') + file.errorString());
         return;
     }
-    SendFile(currentFile, file.readAll());
+    SendFile(file.readAll());
 }
 
-void DlgTrainConfigurator::SendFile(const QString &name, const QByteArray &content)
+/// Sends what stands in the file, whatever the rows of the window say.
+void DlgTrainConfigurator::SendFile(const QByteArray &content)
 {
-    if (settings->UrlHost().isEmpty()) {
-        qCInfo(lcLoco) << "No server is set, so nothing is sent";
-        return;
+    if (client == nullptr) {
+        client = new ServerClient(settings, this);
+        connect(client, &ServerClient::sigDebugString, this,
+                [](const QString &text) { qCInfo(lcLoco).noquote() << text; });
     }
-    QUrlQuery form;
-    form.addQueryItem(QStringLiteral("empty"), QStringLiteral("1"));
-    form.addQueryItem(QStringLiteral("id"), QStringLiteral("")); // a null text loses its "="
-    form.addQueryItem(QStringLiteral("type"), QStringLiteral("3"));
-    form.addQueryItem(QStringLiteral("filename"), QUrl::toPercentEncoding(name));
-    form.addQueryItem(QStringLiteral("content"),
-                      QUrl::toPercentEncoding(QString::fromUtf8(content)));
-    QUrl body;
-    body.setQuery(form);
-
-    auto *manager = new QNetworkAccessManager(this);
-    connect(manager, &QNetworkAccessManager::finished, this,
-            &DlgTrainConfigurator::OnNewFilePostReplyFinished);
-    QNetworkRequest request(QUrl(settings->UrlHost() + QStringLiteral("/newfile.php")));
-    request.setTransferTimeout(kTransferTimeoutMs);
-    manager->post(request, body.toEncoded(QUrl::RemoveFragment));
+    PublishedFile published;
+    published.fileName = currentFile;
+    published.content = QString::fromUtf8(content);
+    if (QNetworkReply *reply = SendToReviewers(*client, this, published, Texts()))
+        connect(reply, &QNetworkReply::finished, this,
+                [this, reply] { OnNewFilePostReplyFinished(reply); });
 }
 
 void DlgTrainConfigurator::OnNewFilePostReplyFinished(QNetworkReply *reply)
 {
-    const QByteArray body = reply->readAll();
-    qCDebug(lcLoco) << "DlgTrainConfigurator::OnNewFilePostReplyFinished Error" << reply->error();
-    qCDebug(lcLoco) << "Bytes read" << body.size();
-    const bool failed = reply->error() != QNetworkReply::NoError;
-    const QString error = reply->errorString();
-    reply->deleteLater();
-    if (failed)
-        UserDialogs::Instance().Warn(
-            this, kTitle, QStringLiteral("Datei konnte nicht gesendet werden.\n") + error);
-    else
-        UserDialogs::Instance().Inform(
-            this, kTitle, QStringLiteral("Datei wurde zum Server gesendet und wird überprüft!"));
+    ShowPublishReply(this, reply, Texts());
 }

@@ -15,6 +15,7 @@
 namespace {
 const QString kNotUsed = QStringLiteral("nicht verwenden");
 constexpr int kGap = 4;
+constexpr int kColumnGap = 6;
 
 struct Head
 {
@@ -98,12 +99,12 @@ void WidgetControllerRows::SetColumnWidths(QGridLayout *grid) const
     QFont bold = font();
     bold.setBold(true);
     const QFontMetrics metrics(bold);
-    grid->setHorizontalSpacing(2 * kGap);
+    grid->setHorizontalSpacing(kColumnGap);
     int labelWidth = 0;
     for (const LocoFunction &function : LocoFunctions())
         labelWidth = std::max(labelWidth,
                               fontMetrics().horizontalAdvance(QString::fromUtf8(function.label)));
-    const int number = metrics.horizontalAdvance(QStringLiteral("-10000")) + 2 * kGap;
+    const int number = fontMetrics().horizontalAdvance(QStringLiteral("-10000")) + 3 * kGap;
     for (const Head &head : kHeads) {
         const int needed = metrics.size(0, QString::fromUtf8(head.text)).width();
         const int column = static_cast<int>(head.column);

@@ -155,14 +155,9 @@ void PlanEditorWindow::Post(const QString &copy)
         connect(client, &ServerClient::sigDebugString, this,
                 [](const QString &text) { qCInfo(lcPlans).noquote() << text; });
     }
-    QNetworkReply *reply = client->Post(QStringLiteral("/newfile.php"), PublishForm(published));
-    if (reply == nullptr) {
-        UserDialogs::Instance().Warn(
-            this, kTitle, kind.publishTexts.failure + QStringLiteral("Kein Server eingestellt"));
-        return;
-    }
-    connect(reply, &QNetworkReply::finished, this,
-            [this, reply] { OnNewFilePostReplyFinished(reply); });
+    if (QNetworkReply *reply = SendToReviewers(*client, this, published, kind.publishTexts))
+        connect(reply, &QNetworkReply::finished, this,
+                [this, reply] { OnNewFilePostReplyFinished(reply); });
 }
 
 void PlanEditorWindow::OnNewFilePostReplyFinished(QNetworkReply *reply)

@@ -47,9 +47,9 @@ PlanEditorOutside::PlanEditorOutside()
 }
 
 PlanEditorWindow::PlanEditorWindow(PlanEditorKind editorKind, KabdataSettings *storage,
-                                   TrainData *train, QWidget *parent, Qt::WindowFlags flags,
+                                   TrainData *train, QWidget *parent,
                                    PlanEditorOutside outsideWorld)
-    : QMainWindow(parent, flags), kind(std::move(editorKind)), settings(storage), trainData(train),
+    : QMainWindow(parent), kind(std::move(editorKind)), settings(storage), trainData(train),
       outside(std::move(outsideWorld)), updateTimer(new QTimer(this))
 {
     setAttribute(Qt::WA_DeleteOnClose);
@@ -68,7 +68,7 @@ void PlanEditorWindow::SetUp(const PlanEditorForm &widgets)
     windowTitleBase = windowTitle();
     folder = QDir::cleanPath(kind.folder(WorkFolder()));
     if (!QDir(folder).exists() && !QDir().mkpath(folder))
-        qCDebug(lcPlans).noquote() << "can not create folder: " << folder;
+        qCWarning(lcPlans).noquote() << "can not create folder: " << folder;
     qCDebug(lcPlans) << "Scene ScreenDPI: " << ScreenDpi();
     qCDebug(lcPlans) << "Scene RenderDPI: " << RenderDpi();
 
@@ -83,7 +83,7 @@ void PlanEditorWindow::SetUp(const PlanEditorForm &widgets)
 
 void PlanEditorWindow::SetUpTable()
 {
-    form.table->SetColumns(kind.columns(), [this] { return FreshRow(); });
+    form.table->SetColumns(kind.columns(), kind.freshRow);
     connect(form.table, &QWidget::customContextMenuRequested, this,
             &PlanEditorWindow::OnContextMenuEvent);
     connect(form.table->verticalHeader(), &QWidget::customContextMenuRequested, this,
@@ -173,7 +173,7 @@ void PlanEditorWindow::OnNewEntryTable()
 void PlanEditorWindow::OnAllEntrysReverse()
 {
     form.table->FinishEditing();
-    form.table->ReplaceRows(Reversed(form.table->Rows()));
+    form.table->ReplaceRows(kind.reversed(form.table->Rows()));
 }
 
 int PlanEditorWindow::ChooseFrom(const QVector<PlanMenuEntry> &entries,

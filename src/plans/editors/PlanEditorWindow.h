@@ -38,6 +38,8 @@ struct PlanEditorKind
     PublishKind publishKind;
     PublishTexts publishTexts;
     int tickMs; ///< between two looks at the train
+    PlanRow (*freshRow)(); ///< of an entry in which nothing is set
+    QVector<PlanRow> (*reversed)(const QVector<PlanRow> &rows);
 };
 
 /// What the editors of route plans and of timetables have in common: a table that is the model,
@@ -69,7 +71,7 @@ protected:
     enum class Saving { Saved, Refused, Failed };
 
     PlanEditorWindow(PlanEditorKind editorKind, KabdataSettings *storage, TrainData *train,
-                     QWidget *parent, Qt::WindowFlags flags, PlanEditorOutside outsideWorld);
+                     QWidget *parent, PlanEditorOutside outsideWorld);
 
     /// To be called when the form stands.
     void SetUp(const PlanEditorForm &widgets);
@@ -81,10 +83,8 @@ protected:
     /// The path under which the file that is open is saved.
     virtual QString PathToSave() const { return currentPath; }
     virtual QString ProposedName() const = 0;
-    virtual PlanRow FreshRow() const = 0;
     /// The row for the place where the train is.
     virtual PlanRow NewRow(double mark) const = 0;
-    virtual QVector<PlanRow> Reversed(const QVector<PlanRow> &rows) const = 0;
     /// What there is to store and to ask before the window closes. False keeps it open.
     virtual bool PrepareClose() = 0;
 

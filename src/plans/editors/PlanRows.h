@@ -57,6 +57,13 @@ QVector<PlanRow> RowsOf(const QVector<Entry> &entries)
     return rows;
 }
 
+/// The row of an entry in which nothing is set.
+template <typename Entry>
+PlanRow FreshRow()
+{
+    return RowOf(Entry());
+}
+
 /// All entries, numbered by their place, each with the last speed that was given up to there.
 template <typename Entry>
 QVector<Entry> EntriesOf(const QVector<PlanRow> &rows)

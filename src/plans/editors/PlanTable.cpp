@@ -80,8 +80,8 @@ void PlanTable::SetColumns(const QVector<PlanColumn> &planColumns, std::function
 {
     columns = planColumns;
     freshRow = std::move(fresh);
+    ScaleFont(horizontalHeader()); // before it takes over the table's scaled font
     ScaleFont(this);
-    ScaleFont(horizontalHeader());
     horizontalHeader()->setMinimumSectionSize(kNarrowestColumn);
     setColumnCount(columns.size());
     for (int column = 0; column < columns.size(); ++column)

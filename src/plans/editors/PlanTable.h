@@ -107,5 +107,5 @@ private:
     QUndoStack *const undoStack;
 };
 
-/// The font, smaller where the text would be wider than that.
+/// The font, condensed and then smaller where the text would be wider than that.
 QFont FittingFont(const QString &text, QFont font, int width);

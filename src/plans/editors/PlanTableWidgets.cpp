@@ -12,6 +12,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QSignalBlocker>
+#include <QStyleOptionComboBox>
 #include <QTimeEdit>
 
 #include <algorithm>
@@ -137,8 +138,11 @@ void PlanTable::OnTimeEdited()
 
 QFont FittingFont(const QString &text, QFont font, int width)
 {
-    constexpr int kSmallest = 6;
-    while (font.pointSize() > kSmallest && QFontMetrics(font).horizontalAdvance(text) > width)
+    constexpr int kSmallest = 7;
+    const auto isTooWide = [&] { return QFontMetrics(font).horizontalAdvance(text) > width; };
+    if (isTooWide())
+        font.setStretch(QFont::Condensed);
+    while (font.pointSize() > kSmallest && isTooWide())
         font.setPointSize(font.pointSize() - 1);
     return font;
 }
@@ -156,11 +160,17 @@ void PlanTable::FitCellWidgets()
             QComboBox sample;
             sample.setFont(font());
             height = std::max(height, sample.sizeHint().height());
-            const int frame = sample.minimumSizeHint().width();
+            QStyleOptionComboBox option;
+            option.initFrom(&sample);
+            option.rect = QRect(0, 0, columnWidth(i), height);
+            const int room = style()
+                                 ->subControlRect(QStyle::CC_ComboBox, &option,
+                                                  QStyle::SC_ComboBoxEditField, &sample)
+                                 .width();
             const QString longest = *std::max_element(
                 StopTypeLabels().begin(), StopTypeLabels().end(),
                 [](const QString &a, const QString &b) { return a.size() < b.size(); });
-            stopTypeFont = FittingFont(longest, font(), columnWidth(i) - frame);
+            stopTypeFont = FittingFont(longest, font(), room);
         }
     }
     verticalHeader()->setDefaultSectionSize(height);

@@ -4,6 +4,7 @@
 #include "KabdataSettings.h"
 #include "Numbers.h"
 #include "PlanTable.h"
+#include "RouteImport.h"
 #include "TrainData.h"
 #include "UserDialogs.h"
 #include "WorkFolders.h"
@@ -27,6 +28,8 @@ PlanEditorKind RoadMapKind()
                          QStringLiteral("Strecke wurde zum Server gesendet und wird überprüft!"),
                          QStringLiteral("Strecke konnte nicht gesendet werden.\n")};
     kind.tickMs = 200;
+    kind.freshRow = FreshRow<RoadMapEntry>;
+    kind.reversed = ReversedRows<RoadMapEntry>;
     return kind;
 }
 
@@ -39,9 +42,8 @@ PlanCell TextCell(const QString &text)
 } // namespace
 
 WindowRoadMapEditor::WindowRoadMapEditor(KabdataSettings *storage, TrainData *train,
-                                         QWidget *parent, Qt::WindowFlags flags,
-                                         PlanEditorOutside outsideWorld)
-    : PlanEditorWindow(RoadMapKind(), storage, train, parent, flags, std::move(outsideWorld)),
+                                         QWidget *parent, PlanEditorOutside outsideWorld)
+    : PlanEditorWindow(RoadMapKind(), storage, train, parent, std::move(outsideWorld)),
       ui(std::make_unique<Ui::MainWindow_RoadmapEditor>())
 {
     ui->setupUi(this);
@@ -49,9 +51,39 @@ WindowRoadMapEditor::WindowRoadMapEditor(KabdataSettings *storage, TrainData *tr
     connect(updateTimer, &QTimer::timeout, this, &WindowRoadMapEditor::OnTimerUpdateTrainData);
     connect(ui->tableWidget, &QTableWidget::itemChanged, this, &WindowRoadMapEditor::OnItemChanged);
     connect(ui->actionExport, &QAction::triggered, this, &WindowRoadMapEditor::OnExportRoadMap);
+    SetUpImports();
 }
 
 WindowRoadMapEditor::~WindowRoadMapEditor() = default;
+
+void WindowRoadMapEditor::SetUpImports()
+{
+    const bool offered = RouteImport::Offered();
+    ui->menuImport_OSM->setEnabled(offered);
+    ui->actionImport_TS_Package->setEnabled(offered);
+    connect(ui->actionImport_OSM_ungefiltert, &QAction::triggered, this,
+            &WindowRoadMapEditor::OnImportOSMungefiltert);
+    connect(ui->actionImport_OSM_gefiltert, &QAction::triggered, this,
+            &WindowRoadMapEditor::OnImportOSMgefiltert);
+    connect(ui->actionImport_TS_Package, &QAction::triggered, this,
+            &WindowRoadMapEditor::OnImportTSPackaged);
+}
+
+void WindowRoadMapEditor::OnImportOSMungefiltert()
+{
+    RouteImport::AskForOsm(this, QStringLiteral("./"), false);
+}
+
+void WindowRoadMapEditor::OnImportOSMgefiltert()
+{
+    RouteImport::AskForOsm(this, WorkFolder(), true);
+}
+
+void WindowRoadMapEditor::OnImportTSPackaged()
+{
+    if (settings != nullptr)
+        RouteImport::BrowseSimulator(this, settings);
+}
 
 void WindowRoadMapEditor::OnTimerUpdateTrainData()
 {
@@ -66,11 +98,6 @@ void WindowRoadMapEditor::OnItemChanged(QTableWidgetItem *)
 void WindowRoadMapEditor::OnExportRoadMap()
 {
     Publish();
-}
-
-PlanRow WindowRoadMapEditor::FreshRow() const
-{
-    return RowOf(RoadMapEntry());
 }
 
 PlanRow WindowRoadMapEditor::NewRow(double mark) const
@@ -89,11 +116,6 @@ PlanRow WindowRoadMapEditor::NewRow(double mark) const
     if (mark != 0.0)
         row[ColumnDistance] = fixed(mark, 1);
     return row;
-}
-
-QVector<PlanRow> WindowRoadMapEditor::Reversed(const QVector<PlanRow> &rows) const
-{
-    return ReversedRows<RoadMapEntry>(rows);
 }
 
 bool WindowRoadMapEditor::ReadPlan(const QString &path)

@@ -20,13 +20,15 @@ public:
     /// `train` may be null; settings and train must outlive the window.
     explicit WindowRoadMapEditor(KabdataSettings *storage, TrainData *train,
                                  QWidget *parent = nullptr,
-                                 Qt::WindowFlags flags = Qt::WindowFlags(),
                                  PlanEditorOutside outsideWorld = PlanEditorOutside());
     ~WindowRoadMapEditor() override;
 
     const RoadMap &Plan() const { return roadMap; }
 
 public slots:
+    void OnImportOSMungefiltert();
+    void OnImportOSMgefiltert();
+    void OnImportTSPackaged();
     void OnTimerUpdateTrainData();
     void OnItemChanged(QTableWidgetItem *item);
     void OnExportRoadMap();
@@ -36,12 +38,12 @@ protected:
     bool WritePlan(const QString &path) override;
     QString PathToSave() const override;
     QString ProposedName() const override;
-    PlanRow FreshRow() const override;
     PlanRow NewRow(double mark) const override;
-    QVector<PlanRow> Reversed(const QVector<PlanRow> &rows) const override;
     bool PrepareClose() override;
 
 private:
+    void SetUpImports();
+
     std::unique_ptr<Ui::MainWindow_RoadmapEditor> ui;
     RoadMap roadMap;
 };

@@ -32,14 +32,16 @@ PlanEditorKind TimeTableKind()
                          QStringLiteral("Fahrplan wurde zum Server gesendet und wird überprüft!"),
                          QStringLiteral("Fahrplan konnte nicht gesendet werden.\n")};
     kind.tickMs = 1000;
+    kind.freshRow = FreshRow<TimeTableEntry>;
+    kind.reversed = ReversedRows<TimeTableEntry>;
     return kind;
 }
 } // namespace
 
 WindowTrainScheduleEditor::WindowTrainScheduleEditor(KabdataSettings *storage, TrainData *train,
-                                                     QWidget *parent, Qt::WindowFlags flags,
+                                                     QWidget *parent,
                                                      PlanEditorOutside outsideWorld)
-    : PlanEditorWindow(TimeTableKind(), storage, train, parent, flags, std::move(outsideWorld)),
+    : PlanEditorWindow(TimeTableKind(), storage, train, parent, std::move(outsideWorld)),
       ui(std::make_unique<Ui::MainWindow_TrainScheduleEditor>()),
       colourFar(QStringLiteral("white")), colourNear(QStringLiteral("green"))
 {
@@ -136,11 +138,6 @@ void WindowTrainScheduleEditor::OnTimeEditContextMenuEvent(QPoint pos)
         timeEdit->setTime(times.at(chosen).time);
 }
 
-PlanRow WindowTrainScheduleEditor::FreshRow() const
-{
-    return RowOf(TimeTableEntry());
-}
-
 PlanRow WindowTrainScheduleEditor::NewRow(double mark) const
 {
     TimeTableEntry entry;
@@ -151,11 +148,6 @@ PlanRow WindowTrainScheduleEditor::NewRow(double mark) const
         entry.distance = static_cast<float>(mark);
     }
     return RowOf(entry);
-}
-
-QVector<PlanRow> WindowTrainScheduleEditor::Reversed(const QVector<PlanRow> &rows) const
-{
-    return ReversedRows<TimeTableEntry>(rows);
 }
 
 void WindowTrainScheduleEditor::OnOpenRoadmap()

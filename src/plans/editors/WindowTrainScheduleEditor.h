@@ -22,7 +22,6 @@ public:
     /// `train` may be null; settings and train must outlive the window.
     explicit WindowTrainScheduleEditor(KabdataSettings *storage, TrainData *train,
                                        QWidget *parent = nullptr,
-                                       Qt::WindowFlags flags = Qt::WindowFlags(),
                                        PlanEditorOutside outsideWorld = PlanEditorOutside());
     ~WindowTrainScheduleEditor() override;
 
@@ -41,9 +40,7 @@ protected:
     bool ReadPlan(const QString &path) override;
     bool WritePlan(const QString &path) override;
     QString ProposedName() const override;
-    PlanRow FreshRow() const override;
     PlanRow NewRow(double mark) const override;
-    QVector<PlanRow> Reversed(const QVector<PlanRow> &rows) const override;
     bool PrepareClose() override;
 
 private:

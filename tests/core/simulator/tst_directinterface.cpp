@@ -71,17 +71,11 @@ private slots:
     void theClientLeavesBeforeTheLibraryGoes();
     void operations_data();
     void operations();
-    void withoutTheLibrary_data();
     void withoutTheLibrary();
-    void lackingAFunction_data();
-    void lackingAFunction();
     void strangeNumbers_data();
     void strangeNumbers();
-    void trainDataAsksForEveryNumberInOrder();
-    void aNullTextIsAnEmptyOne();
     void functionsAreLookedUpAtEachUse();
     void theSecondLibrary();
-    void theSlotOfALostConnection();
 
 private:
     std::unique_ptr<FakeLibrary> fake;
@@ -245,62 +239,17 @@ void TestDirectInterface::operations()
     QCOMPARE(Run(direct, "GetLocoChanged", {}), QString("0 IS_CHANGED"));
 }
 
-void TestDirectInterface::withoutTheLibrary_data()
-{
-    QTest::addColumn<QString>("operation");
-    for (const NamedOperation &each : kOperations) {
-        if (!QByteArray(each.name).endsWith("Intern"))
-            QTest::newRow(each.name) << each.name;
-    }
-}
-
 void TestDirectInterface::withoutTheLibrary()
 {
-    QFETCH(QString, operation);
     fake->files.clear();
     TSInterfaceDll direct("sim", fake->Factory());
-    QCOMPARE(Run(direct, operation, "12:1"), QString("2 Cannot load library."));
+    for (const NamedOperation &each : kOperations) {
+        const bool served = !QByteArray(each.name).endsWith("Intern");
+        QCOMPARE(Run(direct, each.name, "12:1"),
+                 QString(served ? "2 Cannot load library." : "5 12:1"));
+    }
     QCOMPARE(direct.Disconnect(), 2);
     QCOMPARE(fake->calls, QStringList());
-}
-
-void TestDirectInterface::lackingAFunction_data()
-{
-    QTest::addColumn<QString>("function");
-    QTest::addColumn<QString>("operation");
-    QTest::addColumn<QString>("outcome");
-
-    const QString unknown("5 FUNCTION NOT IMPLEMENTED");
-    const QString value("GetControllerValue");
-    QTest::newRow("no list") << "GetControllerList"
-                             << "GetControllerList" << unknown;
-    QTest::newRow("no list, with values") << "GetControllerList"
-                                          << "GetControllerListValues" << unknown;
-    QTest::newRow("no limits for the list") << value << "GetControllerList" << unknown;
-    QTest::newRow("no values for the list") << value << "GetControllerListValues" << unknown;
-    QTest::newRow("no values") << value << "GetControllerValues" << unknown;
-    QTest::newRow("no train data") << value << "GetTrainData"
-                                   << "4 no result";
-    QTest::newRow("no speed") << "GetRailSimValue"
-                              << "GetTrainData"
-                              << "0 0.0000000:0.0000000:0.0000000:0:0:0";
-    QTest::newRow("no writing") << "SetControllerValue"
-                                << "SetControllerValue" << unknown;
-    QTest::newRow("no name") << "GetLocoName"
-                             << "GetLocoName"
-                             << "4 NO RESULT";
-    QTest::newRow("no notice of a change") << "GetRailSimLocoChanged"
-                                           << "GetLocoChanged"
-                                           << "5 NO RESULT";
-}
-
-void TestDirectInterface::lackingAFunction()
-{
-    QFETCH(QString, function);
-    QFETCH(QString, operation);
-    fake->lacking = QStringList{function};
-    TSInterfaceDll direct("sim", fake->Factory());
-    QTEST(Run(direct, operation, "12:1"), "outcome");
 }
 
 void TestDirectInterface::strangeNumbers_data()
@@ -331,28 +280,6 @@ void TestDirectInterface::strangeNumbers()
     QVERIFY(!fields[6].startsWith('-'));
 }
 
-void TestDirectInterface::trainDataAsksForEveryNumberInOrder()
-{
-    TSInterfaceDll direct("sim", fake->Factory());
-    Run(direct, "GetTrainData", {});
-    QStringList wanted;
-    for (const int id : {400, 401, 404, 406, 407, 408})
-        wanted.append(QString("GetControllerValue %1 0").arg(id));
-    for (const int id : {30, 2, 0, 7, 36})
-        wanted.append(QString("GetRailSimValue %1 0").arg(id));
-    QCOMPARE(fake->calls, wanted);
-}
-
-void TestDirectInterface::aNullTextIsAnEmptyOne()
-{
-    fake->names = nullptr;
-    fake->locoName = nullptr;
-    TSInterfaceDll direct("sim", fake->Factory());
-    QCOMPARE(Run(direct, "GetControllerList", "x"), QString("0 "));
-    QCOMPARE(Run(direct, "GetControllerListValues", "x"), QString("0 "));
-    QCOMPARE(Run(direct, "GetLocoName", "x"), QString("0 "));
-}
-
 void TestDirectInterface::functionsAreLookedUpAtEachUse()
 {
     fake->locoName = "BR 101";
@@ -380,16 +307,6 @@ void TestDirectInterface::theSecondLibrary()
                           "no file sim/steam_api.dll",
                           "(InterfaceDLL) - steamapp library loaded. "}));
     QCOMPARE(fake->loaded, 2);
-}
-
-void TestDirectInterface::theSlotOfALostConnection()
-{
-    TSInterfaceDll direct("sim", fake->Factory());
-    QSignalSpy log(&direct, &TSInterfaceBase::sigDebugString);
-    QSignalSpy lost(&direct, &TSInterfaceBase::sigDisconnected);
-    QVERIFY(QMetaObject::invokeMethod(&direct, "disconnected"));
-    QCOMPARE(Lines(log), QStringList{"Client: Disconnected"});
-    QCOMPARE(lost.size(), 1);
 }
 
 ZUGBLICK_TEST_MAIN(TestDirectInterface)

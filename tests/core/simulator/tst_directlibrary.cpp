@@ -56,14 +56,11 @@ private slots:
     void init();
     void aSession();
     void theTrainDrivesByItself();
-    void aWrongOptionLeavesTheTrainAsItIs();
     void lackingAFunction_data();
     void lackingAFunction();
     void theLibraryMayGoBetweenTwoConnects();
     void strangeAnswers_data();
     void strangeAnswers();
-    void aRefusedConnectIsToldThatTheClientLeft();
-    void anOpenConnectionLeavesWithItsWorker();
 
 private:
     QString Install(const QString &file) const;
@@ -139,17 +136,6 @@ void TestDirectLibrary::theTrainDrivesByItself()
     const QStringList after = fields();
     QVERIFY(after[0] != before[0]);
     QVERIFY(after[4] != before[4]);
-}
-
-void TestDirectLibrary::aWrongOptionLeavesTheTrainAsItIs()
-{
-    qputenv("ZUGBLICK_PRACTICE", "--loco;BR 145 023 Rheintal;--speedup;fast");
-    QTest::ignoreMessage(QtWarningMsg,
-                         "ZUGBLICK_PRACTICE: --speedup: \"fast\" is no number from 0.01 to 1000");
-    Install("RailDriver64.dll");
-    Worker worker(*settings);
-    QCOMPARE(worker.Ask(JobConnect), kConnected);
-    QCOMPARE(worker.Ask(JobLocoName), QString("BR 101 042 Rheintal"));
 }
 
 void TestDirectLibrary::lackingAFunction_data()
@@ -257,33 +243,6 @@ void TestDirectLibrary::strangeAnswers()
     QTEST(worker.Ask(JobControllerList).split("::").value(3), "limit");
     QTEST(worker.Ask(JobControllerValues, "0").section(':', 1, 1), "value");
     QCOMPARE(worker.Ask(JobTrainData).split(':').size(), 9);
-}
-
-void TestDirectLibrary::aRefusedConnectIsToldThatTheClientLeft()
-{
-    Install("RailDriver64.dll");
-    Controls controls(settings->SimulatorPath());
-    controls.Record();
-    controls.Play(practice::Edge::Refused);
-    Worker worker(*settings);
-    QCOMPARE(worker.Ask(JobConnect), kNotConnected);
-    QCOMPARE(controls.Calls(),
-             (QStringList{"SetRailDriverConnected 1", "GetRailDriverConnected",
-                          "SetRailDriverConnected 0"}));
-    controls.Play(practice::Edge::None);
-    QCOMPARE(worker.Ask(JobConnect), kConnected);
-}
-
-void TestDirectLibrary::anOpenConnectionLeavesWithItsWorker()
-{
-    Install("RailDriver64.dll");
-    Controls controls(settings->SimulatorPath());
-    {
-        Worker worker(*settings);
-        QCOMPARE(worker.Ask(JobConnect), kConnected);
-        controls.Record();
-    }
-    QCOMPARE(controls.Calls(), QStringList{"SetRailDriverConnected 0"});
 }
 
 ZUGBLICK_TEST_MAIN(TestDirectLibrary)

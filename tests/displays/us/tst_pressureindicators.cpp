@@ -1,12 +1,8 @@
-#include "KabdataSettings.h"
 #include "LocoData.h"
 #include "Manometer.h"
 #include "PaintCounter.h"
 #include "TestMain.h"
 #include "WidgetDisplayIndicator.h"
-
-#include <QTemporaryDir>
-#include <QTimer>
 
 namespace {
 void Map(VControllerBase &record, int id, float value)
@@ -22,7 +18,6 @@ class TestIndicators : public QObject
 
 private slots:
     void aGaugeNeedsBothFunctions();
-    void uselessIntervalCountsAsTheDefault();
     void repeatedPassPaintsNothing();
 };
 
@@ -47,18 +42,6 @@ void TestIndicators::aGaugeNeedsBothFunctions()
     window.OnTimerUpdate();
     QCOMPARE(cylinders->value, 3.5);
     QCOMPARE(reservoirs->value, 8.5);
-}
-
-/// An interval of 0 would spin, a negative one would never fire.
-void TestIndicators::uselessIntervalCountsAsTheDefault()
-{
-    for (const int stored : {0, -7}) {
-        QTemporaryDir folder;
-        KabdataSettings settings(folder.filePath(QStringLiteral("kabdata.ini")));
-        settings.SetUpdateInterval(stored);
-        const WidgetDisplayIndicator window(&settings, nullptr);
-        QCOMPARE(window.findChild<QTimer *>()->interval(), 500);
-    }
 }
 
 void TestIndicators::repeatedPassPaintsNothing()

@@ -20,11 +20,9 @@ private slots:
     void init();
     void cleanup();
 
-    void selectingAnEntryShowsItsLocos();
     void aNewEntryTakesTheDrivenLoco();
     void erasingTakesListAndDataAlong();
     void withoutASelectionNothingHappens();
-    void onlyAcceptingWrites();
     void aFailedWriteKeepsTheWindowOpen();
     void goneInTheFileDialogIsHarmless();
 
@@ -77,22 +75,6 @@ LocoAssignments TestLocoAssign::Written() const
     return assignments;
 }
 
-void TestLocoAssign::selectingAnEntryShowsItsLocos()
-{
-    QCOMPARE(Texts("listWidget_configs"), QStringList({"br101", "br143", "x"}));
-    List("listWidget_configs")->setCurrentRow(0);
-    QCOMPARE(Texts("listWidget_locos"), QStringList({"BR 101", "BR 101 IC"}));
-    List("listWidget_configs")->setCurrentRow(1);
-    QVERIFY(Texts("listWidget_locos").isEmpty());
-    List("listWidget_configs")->setCurrentRow(0);
-    window->show();
-    const QSize design = window->size();
-    for (const QSize &size : {window->minimumSize(), design, design * 1.5}) {
-        window->resize(size);
-        LeavePicture(*window, QStringLiteral("assign_%1").arg(size.width()));
-    }
-}
-
 void TestLocoAssign::aNewEntryTakesTheDrivenLoco()
 {
     dialogs->files = {QStringList(folder->filePath("lococonfig/br 185.v2.cfg"))};
@@ -105,15 +87,17 @@ void TestLocoAssign::aNewEntryTakesTheDrivenLoco()
     const LocoAssignments written = Written();
     QVERIFY(written.Find("BR 185") != nullptr);
     QCOMPARE(written.Find("BR 185")->group, QString("br 185.v2"));
-    QCOMPARE(written.Find("BR 185")->fileName, QString("br 185.v2.cfg"));
     QCOMPARE(written.entries.size(), 4);
 }
 
 void TestLocoAssign::erasingTakesListAndDataAlong()
 {
     window->show();
+    QCOMPARE(Texts("listWidget_configs"), QStringList({"br101", "br143", "x"}));
     List("listWidget_configs")->setCurrentRow(0);
+    QCOMPARE(Texts("listWidget_locos"), QStringList({"BR 101", "BR 101 IC"}));
     List("listWidget_locos")->setCurrentRow(0);
+    LeavePicture(*window, "assign");
     window->OnShowContextMenuLocos(
         List("listWidget_locos")->visualItemRect(List("listWidget_locos")->item(0)).center());
     auto *menu = window->findChild<QMenu *>();
@@ -127,7 +111,9 @@ void TestLocoAssign::erasingTakesListAndDataAlong()
     const QString selected = List("listWidget_configs")->currentItem()->text();
     QCOMPARE(Texts("listWidget_locos"),
              selected == "x" ? QStringList("X") : QStringList("BR 101 IC"));
-    Press(QDialogButtonBox::Ok);
+    Press(QDialogButtonBox::Cancel);
+    QCOMPARE(Written().entries.size(), 3); // only accepting writes
+    window->accept();
     QCOMPARE(Written().entries.size(), 2);
     QCOMPARE(Written().entries[0].locos, QStringList("BR 101 IC"));
     QCOMPARE(Written().entries[1].fileName, QString("x.cfg"));
@@ -135,10 +121,8 @@ void TestLocoAssign::erasingTakesListAndDataAlong()
 
 void TestLocoAssign::withoutASelectionNothingHappens()
 {
-    List("listWidget_configs")->setCurrentRow(-1);
     window->OnPushButtonLocoAssign();
     window->eraseItemConfig();
-    window->eraseItemLocos();
     List("listWidget_configs")->setCurrentRow(1);
     window->eraseItemLocos();
     window->OnShowContextMenuLocos(QPoint(5, 5));
@@ -146,14 +130,6 @@ void TestLocoAssign::withoutASelectionNothingHappens()
     window->accept();
     QCOMPARE(Written().entries.size(), 3);
     QCOMPARE(Written().entries[1].group, QString("br143")); // stays without a loco
-}
-
-void TestLocoAssign::onlyAcceptingWrites()
-{
-    List("listWidget_configs")->setCurrentRow(0);
-    window->eraseItemConfig();
-    Press(QDialogButtonBox::Cancel);
-    QCOMPARE(Written().entries.size(), 3);
 }
 
 void TestLocoAssign::aFailedWriteKeepsTheWindowOpen()
