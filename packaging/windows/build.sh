@@ -62,7 +62,8 @@ put_handbook() {
     mkdir -p "$parcel/handbuch/pictures"
     cp docs/handbuch.md "$parcel/handbuch/"
     sed -n 's/.*(pictures\/\([^)]*\)).*/\1/p' docs/handbuch.md | while read -r picture; do
-        cp "docs/pictures/$picture" "$parcel/handbuch/pictures/"
+        cp "docs/pictures/$picture" "$parcel/handbuch/pictures/" \
+            || echo "The handbook lacks its picture $picture." >&2
     done
 }
 
