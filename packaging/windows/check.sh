@@ -8,7 +8,13 @@ out=$PWD/build/windows
 tree=$out/tree
 export WINEPREFIX="$out/wine" WINEDEBUG=-all
 
-wait_for_wine() { /usr/lib/wine/wineserver64 -w; }
+# Ends what Wine keeps running in its prefix: it would stay on the screen that it began with.
+end_session() {
+    [ -d "$WINEPREFIX" ] || return 0
+    /usr/lib/wine/wineserver64 -k || true # fails when nothing runs
+    /usr/lib/wine/wineserver64 -w
+}
+trap 'end_session' EXIT
 
 registry() {
     /usr/lib/wine/wine64 reg add "$@" /f > "$out/wine.log" 2>&1
@@ -24,7 +30,7 @@ make_prefix() {
     registry 'HKCU\Software\Wine\Explorer\Desktops' /v Default /d 1280x800
     registry 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0
     unset WINEDLLOVERRIDES
-    wait_for_wine
+    end_session
     touch "$WINEPREFIX/made"
 }
 
@@ -39,6 +45,7 @@ put_fonts() {
 # the program has to end by itself once that is closed. Nothing but the zip's own libraries is in
 # reach.
 start() {
+    end_session
     (cd "$out/unpacked/$name" && xvfb-run -a -s '-screen 0 1280x800x24' \
         /usr/lib/wine/wine64 "$tree/packaging/windows/show_and_close.exe" "$@")
 }
@@ -58,5 +65,4 @@ mkdir -p "$out/unpacked" "$out/data"
 unzip -q "$out/$name-win64.zip" -d "$out/unpacked"
 start "$version" Zugblick.exe --data "Z:$out/data/alone"
 start "$version" zugblick-practice.exe --front Zugblick.exe --workfolder "Z:$out/data/practice"
-wait_for_wine
 echo "Windows check passed."
