@@ -1,12 +1,12 @@
 #!/bin/sh
-# Builds all benchmarks, runs each at least three times, and prints the table of bars.txt: medians of
+# Builds all benchmarks, runs each five times in turns, and prints the table of bars.txt: medians of
 # CPU time, each with its floor from the same run. Fails when a bar does not hold or was not
 # measured. On a machine that does nothing else it takes about ten minutes.
 #
 #   bench/run.sh [RUNS]
 set -eu
 cd "$(dirname "$0")/.."
-runs=${1:-3}
+runs=${1:-5}
 packaging/install-packages.sh >&2
 cmake --preset release >&2
 cmake --build --preset release >&2
@@ -33,7 +33,7 @@ for program in "$folder"/*/bench_*; do
             ;;
         *)
             "$program" --benchmark_repetitions="$runs" --benchmark_report_aggregates_only=true \
-                --benchmark_format=csv 2>> "$folder/errors.log" |
+                --benchmark_enable_random_interleaving=true --benchmark_format=csv 2>> "$folder/errors.log" |
                 sed -n 's/^"\(.*\)_median",[^,]*,[^,]*,\([^,]*\),\([a-z]*\).*/\1,\2,\3/p' >> "$figures"
             ;;
     esac

@@ -52,6 +52,7 @@ extern const Block
 extern const Block PzbLamps; ///< one controller a lamp
 extern const Block PzbNumbers; ///< number of the lit lamp
 extern const Block PzbTouch; ///< numbers for lit and dark phases, as the touch screens read them
+extern const Block PzbUnit; ///< the same, with the restrictive mode that its messages tell
 extern const Block LzbLamps;
 extern const Block LzbEnde; ///< 0 or 1
 extern const Block LzbEndePhases; ///< with the dark phases of blinking as values of their own

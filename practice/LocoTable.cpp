@@ -41,9 +41,10 @@ QVector<LocoRow> MakeLocos()
     using namespace Blocks;
     const QVector<Block> panel = {Blocks::Levers, Throttle, Electric, VoltsBattery, AirBar,
                                   Sifa,           PzbKeys,  LzbLamps, LzbEnde};
-    const QVector<Block> multiple = {Blocks::Levers, Throttle, Electric, AirBar,
-                                     Speed160,       Sifa,     PzbKeys,  PzbForcedTriple,
-                                     PzbLamps,       LzbLamps, LzbEnde};
+    const auto multiple = [](const Block &pzb) -> QVector<Block> {
+        return {Blocks::Levers, Throttle,        Electric, AirBar,   Speed160, Sifa,
+                PzbKeys,        PzbForcedTriple, pzb,      LzbLamps, LzbEnde};
+    };
     const QVector<Block> touch = {Blocks::Levers, Throttle,      Electric,  ShareBattery,
                                   AirBar,         Speed250,      EffortKn,  DoorsHalf,
                                   Sifa,           PzbKeys,       PzbForced, PzbTouch,
@@ -95,8 +96,8 @@ QVector<LocoRow> MakeLocos()
          3,
          1,
          kMultipleUnit,
-         With(multiple, {VoltsBattery, EffortKn, Doors, LzbMetres, Blocks::LzbSpeed}),
-         {{"Spannung", 10, 20}},
+         With(multiple(PzbUnit), {VoltsBattery, EffortKn, Doors, LzbMetres, Blocks::LzbSpeed}),
+         {{"Spannung", 10, 20}, {"VThrottleControl", 0, 100, 1}, {"VBrakeControl", 0, 100, 1}},
          {},
          {}},
         {"vR_Apmbzf Steuerwagen",
@@ -139,7 +140,8 @@ QVector<LocoRow> MakeLocos()
          9,
          2,
          kMultipleUnit,
-         With(multiple, {VoltsBattery, EffortPercent, Doors, LzbKilometres, Blocks::LzbSpeed}),
+         With(multiple(PzbLamps),
+              {VoltsBattery, EffortPercent, Doors, LzbKilometres, Blocks::LzbSpeed}),
          {{"Oberstrom", 0, 400}},
          {},
          {}},
@@ -149,7 +151,7 @@ QVector<LocoRow> MakeLocos()
          10,
          3,
          kMultipleUnit,
-         With(multiple, {EffortKn, Doors, LzbMetres, Blocks::LzbSpeed}),
+         With(multiple(PzbLamps), {EffortKn, Doors, LzbMetres, Blocks::LzbSpeed}),
          {{"Batteriespannung", 0, 0, 0, 110}},
          {},
          {}},
@@ -159,7 +161,7 @@ QVector<LocoRow> MakeLocos()
          11,
          6,
          kMultipleUnit,
-         With(multiple, {VoltsBattery, EffortKn, DoorsShortNames, LzbMetres, LzbDigits}),
+         With(multiple(PzbLamps), {VoltsBattery, EffortKn, DoorsShortNames, LzbMetres, LzbDigits}),
          {{"Beschleunigungsmesser", -150, 150}, {"Zugkraftvorwahl", -150, 150}},
          {},
          {}},

@@ -44,6 +44,8 @@ public:
     bool Listen(quint16 port, const QHostAddress &address = QHostAddress::LocalHost);
     quint16 Port() const { return server.serverPort(); }
     QString ErrorText() const { return server.errorString(); }
+    /// The eight fields that a driver's display has written last.
+    QString EnteredTrainData() const { return replies.ReadIntern(); }
 
 signals:
     void sigLog(const QString &line);

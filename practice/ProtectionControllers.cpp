@@ -91,15 +91,38 @@ double TouchState(const Cab &cab)
     return cab.pzb.supervising ? 1.0 : 2.0;
 }
 
+double DarkMode(const Cab &cab)
+{
+    return double(cab.pzb.darkMode);
+}
+
+double Influence1000Hz(const Cab &cab)
+{
+    return InfluenceField(cab, cab.pzb.lamp1000Hz);
+}
+
+double Influence500Hz(const Cab &cab)
+{
+    return InfluenceField(cab, cab.pzb.lamp500Hz);
+}
+
 constexpr ControllerRow kPzbTouch[] = {
     {"PZB_ModeLit", 0, 3, "PZB_Active", LitMode},
     {"PZB_Supervision", 0, 5, "PZB_State", TouchState},
-    {"PZB_ModeDark", 0, 3, "PZB85", [](const Cab &cab) { return double(cab.pzb.darkMode); }},
+    {"PZB_ModeDark", 0, 3, "PZB85", DarkMode},
     {"PZB_1000HzDark", 0, 1, "PZB70", [](const Cab &cab) { return double(cab.pzb.dark1000Hz); }},
-    {"PZB_1000Hz", 0, 2, "PZB1000Hz",
-     [](const Cab &cab) { return InfluenceField(cab, cab.pzb.lamp1000Hz); }},
-    {"PZB_500Hz", 0, 2, "PZB500Hz",
-     [](const Cab &cab) { return InfluenceField(cab, cab.pzb.lamp500Hz); }},
+    {"PZB_1000Hz", 0, 2, "PZB1000Hz", Influence1000Hz},
+    {"PZB_500Hz", 0, 2, "PZB500Hz", Influence500Hz},
+    {"PZB_B40", 0, 1, "PZBBefehl40", LampOrder},
+};
+
+constexpr ControllerRow kPzbUnit[] = {
+    {"PZB_ModeLit", 0, 3, "PZB_Active", LitMode},
+    {"PZB_Supervision", 0, 5, "PZB_State", TouchState},
+    {"PZB_ModeDark", 0, 3, "PZB85", DarkMode},
+    {"PZB_Restrictive", 0, 1, "PZB70", [](const Cab &cab) { return double(cab.pzb.restrictive); }},
+    {"PZB_1000Hz", 0, 2, "PZB1000Hz", Influence1000Hz},
+    {"PZB_500Hz", 0, 2, "PZB500Hz", Influence500Hz},
     {"PZB_B40", 0, 1, "PZBBefehl40", LampOrder},
 };
 
@@ -180,6 +203,7 @@ const Block PzbForcedTriple = RowsOf(kPzbForcedTriple);
 const Block PzbLamps = RowsOf(kPzbLamps);
 const Block PzbNumbers = RowsOf(kPzbNumbers);
 const Block PzbTouch = RowsOf(kPzbTouch);
+const Block PzbUnit = RowsOf(kPzbUnit);
 const Block LzbLamps = RowsOf(kLzbLamps);
 const Block LzbEnde = RowsOf(kLzbEnde);
 const Block LzbEndePhases = RowsOf(kLzbEndePhases);

@@ -3,11 +3,9 @@
 // it may exceed by half.
 
 #include "EbulaGraphicsScene.h"
-#include "Resources.h"
 #include "TrainData.h"
 #include "WidgetMFD.h"
 
-#include <QApplication>
 #include <QGraphicsItem>
 #include <QGraphicsView>
 #include <QImage>
@@ -185,15 +183,3 @@ void TwelveRowsRedrawn(benchmark::State &state)
 BENCHMARK(TickOverTenThousandRows)->Args({5, 1})->Args({9000, 1})->Args({9000, 0});
 BENCHMARK(TwelveRowsInBareItems);
 BENCHMARK(TwelveRowsRedrawn);
-
-int main(int argc, char **argv)
-{
-    // Nothing here needs a screen.
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    InitResources();
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

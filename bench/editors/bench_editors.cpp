@@ -3,7 +3,6 @@
 // the position line 1 ms.
 
 #include "KabdataSettings.h"
-#include "Resources.h"
 #include "TimeTableFile.h"
 #include "TrainData.h"
 #include "UserDialogs.h"
@@ -146,15 +145,3 @@ BENCHMARK_TEMPLATE(TickOnTheWay, WindowTrainScheduleEditor)
     ->Arg(10000)
     ->Unit(benchmark::kMicrosecond);
 } // namespace
-
-int main(int argc, char **argv)
-{
-    // Nothing here needs a screen.
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication app(argc, argv);
-    InitResources();
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

@@ -1,22 +1,17 @@
 // What a full repaint of the heavy instruments costs, beside the same primitives drawn by a bare
-// painter into the same image. The last lines give the ratios; 1.3 is the most that we allow.
+// painter into the same image. Ratios up to 1.3 are allowed.
 
 #include "LZBDisplayBR145.h"
 #include "LedFont.h"
-#include "Resources.h"
 #include "Speedometer.h"
 #include "ZugkraftDisplay.h"
 
-#include <QApplication>
 #include <QImage>
 #include <QPainter>
 #include <QPainterPath>
 #include <QtMath>
 
 #include <benchmark/benchmark.h>
-
-#include <cstdio>
-#include <map>
 
 #ifdef ZUGBLICK_HAVE_QWT
 #include <qwt_dial.h>
@@ -305,29 +300,6 @@ void ForceRingFloor(benchmark::State &state)
         BareRingFoot(painter);
     });
 }
-
-/// Keeps the CPU time of each benchmark: of its median where it was repeated.
-class RatioReporter : public benchmark::ConsoleReporter
-{
-public:
-    void ReportRuns(const std::vector<Run> &runs) override
-    {
-        ConsoleReporter::ReportRuns(runs);
-        for (const Run &run : runs) {
-            if (run.run_type == Run::RT_Iteration || run.aggregate_name == "median")
-                m_cpu[run.run_name.function_name] = run.GetAdjustedCPUTime();
-        }
-    }
-
-    void Print(const char *name, const char *floor) const
-    {
-        if (m_cpu.count(name) != 0 && m_cpu.count(floor) != 0)
-            std::printf("%s / %s: %.2f\n", name, floor, m_cpu.at(name) / m_cpu.at(floor));
-    }
-
-private:
-    std::map<std::string, double> m_cpu;
-};
 } // namespace
 
 BENCHMARK(SpeedometerPaint)->Unit(benchmark::kMicrosecond);
@@ -339,19 +311,3 @@ BENCHMARK(LzbBarPaint)->Unit(benchmark::kMicrosecond);
 BENCHMARK(LzbBarFloor)->Unit(benchmark::kMicrosecond);
 BENCHMARK(ForceRingPaint)->Unit(benchmark::kMicrosecond);
 BENCHMARK(ForceRingFloor)->Unit(benchmark::kMicrosecond);
-
-int main(int argc, char **argv)
-{
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication app(argc, argv);
-    InitResources();
-    benchmark::Initialize(&argc, argv);
-    RatioReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    reporter.Print("SpeedometerPaint", "SpeedometerFloor");
-    reporter.Print("SpeedometerPaint", "QwtDialPaint");
-    reporter.Print("LzbBarPaint", "LzbBarFloor");
-    reporter.Print("ForceRingPaint", "ForceRingFloor");
-    return 0;
-}

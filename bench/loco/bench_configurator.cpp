@@ -2,7 +2,6 @@
 #include "DlgTrainConfigurator.h"
 #include "KabdataSettings.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QTemporaryDir>
 
@@ -70,13 +69,3 @@ void RefreshTheList(benchmark::State &state)
 
 BENCHMARK(OpenTheConfigurator)->Unit(benchmark::kMillisecond);
 BENCHMARK(RefreshTheList)->Unit(benchmark::kMillisecond);
-
-int main(int argc, char **argv)
-{
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

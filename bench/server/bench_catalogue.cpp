@@ -7,7 +7,7 @@
 #include "KabdataSettings.h"
 #include "WorkFolders.h"
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QFile>
 #include <QLineEdit>
 #include <QTableWidget>
@@ -146,11 +146,3 @@ BENCHMARK(ReadAlone)->Unit(benchmark::kMillisecond);
 BENCHMARK(CompareWithProgress)->Unit(benchmark::kMillisecond);
 BENCHMARK(ShowAllRows)->Unit(benchmark::kMillisecond);
 BENCHMARK(KeyPressLeaves500Rows)->Unit(benchmark::kMillisecond);
-
-int main(int argc, char **argv)
-{
-    const QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

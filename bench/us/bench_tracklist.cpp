@@ -7,7 +7,7 @@
 #include "WidgetMainUsDisplay.h"
 #include "WorkFolders.h"
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QTableWidget>
@@ -90,13 +90,3 @@ void UnchangedTick(benchmark::State &state)
 
 BENCHMARK(ListFiveHundredPlans)->Unit(benchmark::kMillisecond);
 BENCHMARK(UnchangedTick)->Unit(benchmark::kMicrosecond);
-
-int main(int argc, char **argv)
-{
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

@@ -10,7 +10,6 @@ class TestDisplayChoice : public QObject
 private slots:
     void screensFollowTheDisplayNumber_data();
     void screensFollowTheDisplayNumber();
-    void namesOfTheBr101();
 };
 
 void TestDisplayChoice::screensFollowTheDisplayNumber_data()
@@ -24,21 +23,15 @@ void TestDisplayChoice::screensFollowTheDisplayNumber_data()
     QTest::newRow("0 opens nothing") << 0 << other << Screen::None << Screen::None;
     QTest::newRow("1, BR 101") << 1 << "DB BR 101 IC" << Screen::MfaBr101 << Screen::MtdBr145;
     QTest::newRow("1, another loco") << 1 << other << Screen::MfaBr145 << Screen::MtdBr145;
-    QTest::newRow("2, BR 101") << 2 << "br101" << Screen::MfaBr101 << Screen::MtdBr145;
     QTest::newRow("3 is never the BR 101") << 3 << "BR 101" << Screen::MfaBr442 << Screen::MtdBr145;
     QTest::newRow("4, BR 101 cab car")
         << 4 << "vr_apmbzf 101" << Screen::MfaBr101 << Screen::MtdRailjet;
     QTest::newRow("4, another loco") << 4 << other << Screen::MfaBr145 << Screen::MtdRailjet;
     QTest::newRow("5") << 5 << other << Screen::MfaRailjet << Screen::MtdRailjet;
-    QTest::newRow("6 opens nothing") << 6 << other << Screen::None << Screen::None;
-    QTest::newRow("7 opens nothing") << 7 << other << Screen::None << Screen::None;
     QTest::newRow("8") << 8 << other << Screen::MfaOebb8090 << Screen::MtdRailjet;
     QTest::newRow("9") << 9 << other << Screen::MfaBr442 << Screen::MtdBr145;
-    QTest::newRow("11") << 11 << other << Screen::MfaBr442 << Screen::MtdBr145;
     QTest::newRow("12 has no MTD") << 12 << other << Screen::MfaBr155 << Screen::None;
-    QTest::newRow("13 has no MTD") << 13 << other << Screen::MfaBr155 << Screen::None;
     QTest::newRow("100 has no MTD") << 100 << other << Screen::MainUs << Screen::None;
-    QTest::newRow("101 opens nothing") << 101 << other << Screen::None << Screen::None;
 }
 
 void TestDisplayChoice::screensFollowTheDisplayNumber()
@@ -47,13 +40,6 @@ void TestDisplayChoice::screensFollowTheDisplayNumber()
     QFETCH(QString, loco);
     QTEST(MfaScreen(display, loco), "mfa");
     QTEST(MtdScreen(display), "mtd");
-}
-
-void TestDisplayChoice::namesOfTheBr101()
-{
-    QVERIFY(IsBr101("DB Fernverkehr BR 101 IC"));
-    QVERIFY(IsBr101("VR_APMBZF"));
-    QVERIFY(!IsBr101(""));
 }
 
 ZUGBLICK_TEST_MAIN(TestDisplayChoice)

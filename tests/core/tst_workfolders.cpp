@@ -1,27 +1,12 @@
 #include "KabdataSettings.h"
 #include "ScriptedDialogs.h"
+#include "TestFiles.h"
 #include "TestMain.h"
 #include "WorkFolders.h"
 
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QTemporaryDir>
-
-namespace {
-void WriteFile(const QString &path, const QByteArray &content)
-{
-    QFile file(path);
-    QVERIFY2(file.open(QIODevice::WriteOnly), qPrintable(path));
-    file.write(content);
-}
-
-QByteArray ReadFile(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
-}
-} // namespace
 
 class TestWorkFolders : public QObject
 {
@@ -31,9 +16,6 @@ private slots:
     void init() { lines.clear(); }
     void unreadableKeysYieldTheirDefault_data();
     void unreadableKeysYieldTheirDefault();
-    void settingsSurviveTheFile();
-    void aChosenDataLocationHoldsSettingsAndFiles();
-    void foldersAreCreatedInOrder();
     void aFailedFolderEndsTheWorkWithOneWarning();
     void migrationCopiesAndKeepsTheSource();
     void migrationOntoItselfRemovesNothing();
@@ -67,53 +49,6 @@ void TestWorkFolders::unreadableKeysYieldTheirDefault()
     QCOMPARE(settings.UpdateInterval(), 500);
     QVERIFY(settings.CheckVersion());
     QCOMPARE(settings.EthernetPort(), 47812U);
-}
-
-void TestWorkFolders::settingsSurviveTheFile()
-{
-    const QTemporaryDir folder;
-    const QString path = folder.filePath("kabdata.ini");
-    const QByteArray geometry("\x01\x00\xd9", 3);
-    {
-        KabdataSettings settings(path);
-        settings.SetWorkFolder(QString::fromUtf8("/Züge, alle/work"));
-        settings.SetWindowGeometry("EbuLa", geometry);
-        settings.SetTopmost(true);
-        settings.SetEthernetPort(50000);
-    }
-    const KabdataSettings settings(path);
-    QCOMPARE(settings.WorkFolder(), QString::fromUtf8("/Züge, alle/work"));
-    QCOMPARE(settings.WindowGeometry("EbuLa"), geometry);
-    QVERIFY(settings.WindowGeometry("MTD").isEmpty());
-    QVERIFY(settings.Topmost());
-    QCOMPARE(settings.EthernetPort(), 50000U);
-}
-
-void TestWorkFolders::aChosenDataLocationHoldsSettingsAndFiles()
-{
-    const QTemporaryDir folder;
-    const QString before = DataLocation();
-    SetDataLocation(folder.path());
-    const KabdataSettings settings;
-    SetDataLocation(QString());
-    QCOMPARE(QFileInfo(settings.FileName()), QFileInfo(folder.filePath("kabdata.ini")));
-    QCOMPARE(DataLocation(), before);
-}
-
-void TestWorkFolders::foldersAreCreatedInOrder()
-{
-    const QTemporaryDir folder;
-    const QString work = folder.filePath("deep/work");
-    CreateWorkFolders(work, nullptr, Logger());
-    const QStringList names{
-        "",    "/roadsections", "/records", "/traintimetables", "/lococonfig/", "/runningdistance/",
-        "/tmp"};
-    QStringList expected;
-    for (const QString &name : names) {
-        QVERIFY(QDir(work + name).exists());
-        expected.append("1(Main) - Folder created: " + work + name);
-    }
-    QCOMPARE(lines, expected);
 }
 
 void TestWorkFolders::aFailedFolderEndsTheWorkWithOneWarning()
@@ -151,15 +86,15 @@ void TestWorkFolders::migrationCopiesAndKeepsTheSource()
              QString("Altes Verzeichnis gefunden.\n%1\nSollen alle Dateien ins neue "
                      "Arbeitsverzeichnis kopiert werden?")
                  .arg(from + "/roadsections"));
-    QCOMPARE(ReadFile(to + "/roadsections/a.sfp"), QByteArray("old a"));
-    QCOMPARE(ReadFile(to + "/roadsections/b.sfp"), QByteArray("new b"));
-    QCOMPARE(ReadFile(from + "/roadsections/a.sfp"), QByteArray("old a"));
+    QCOMPARE(ContentOf(to + "/roadsections/a.sfp"), QByteArray("old a"));
+    QCOMPARE(ContentOf(to + "/roadsections/b.sfp"), QByteArray("new b"));
+    QCOMPARE(ContentOf(from + "/roadsections/a.sfp"), QByteArray("old a"));
     QVERIFY2(!QDir(from + "/records").exists(), "an empty source folder goes");
     QVERIFY(lines.contains("1(Main) - moved file from " + from + "/roadsections/a.sfp to " + to
                            + "/roadsections/a.sfp"));
     QVERIFY(lines.contains("1(Main) - can not moving file from " + from + "/roadsections/b.sfp to "
                            + to + "/roadsections/b.sfp"));
-    QCOMPARE(ReadFile(to + "/locos.cfg"), QByteArray("assignments"));
+    QCOMPARE(ContentOf(to + "/locos.cfg"), QByteArray("assignments"));
 }
 
 void TestWorkFolders::migrationOntoItselfRemovesNothing()
@@ -190,7 +125,7 @@ void TestWorkFolders::importSortsBySuffixUpToTheFirstFailure()
         QVERIFY2(report.contains(" -> " + work + "/" + target + "\n"), qPrintable(report));
     }
     QVERIFY(report.contains(files.first() + " falsches Dateiformat\n"));
-    QCOMPARE(ReadFile(work + "/runningdistance/e.dist"), QByteArray("kept"));
+    QCOMPARE(ContentOf(work + "/runningdistance/e.dist"), QByteArray("kept"));
     QVERIFY(!QFile::exists(work + "/lococonfig/z.cfg"));
 }
 

@@ -38,6 +38,8 @@ public:
     KabdataMain &Window() { return *window; }
     practice::TrainModel &Train() { return model; }
     const LocoData &Loco() const { return window->Loco(); }
+    /// The fields that the displays have written to the simulator last, joined by ":".
+    QString EnteredTrainData() const { return server->EnteredTrainData(); }
     ScriptedDialogs &Dialogs() { return dialogs; }
     QString WorkFolder() const { return folder.path(); }
 

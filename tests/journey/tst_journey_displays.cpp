@@ -9,6 +9,7 @@
 #include "TestMain.h"
 #include "WidgetES44AC.h"
 #include "WidgetMFA.h"
+#include "WidgetMFA_BR442.h"
 #include "WidgetMainUsDisplay.h"
 
 #include <QAbstractButton>
@@ -25,6 +26,7 @@ class TestJourneyDisplays : public QObject
 private slots:
     void indicatorScreensFollowTheTrain_data();
     void indicatorScreensFollowTheTrain();
+    void theMultipleUnitShowsWhatItsProtectionDoes();
     void theNorthAmericanScreenFollowsItsPlan();
 };
 
@@ -53,6 +55,11 @@ Type *FindKey(const QWidget &window, const QString &text)
             return key;
     }
     return nullptr;
+}
+
+QString Text(const QWidget &screen, const char *label)
+{
+    return screen.findChild<QLabel *>(QLatin1String(label))->text();
 }
 
 void PressKey(const QWidget &window, const QString &text)
@@ -114,6 +121,43 @@ void TestJourneyDisplays::indicatorScreensFollowTheTrain()
 
     journey.Window().OnWriteControllerValue(journey.Loco().Hauptschalter.id, kMainSwitchOff);
     QTRY_VERIFY(MainSwitchLamp(*screen));
+
+    screen->close();
+    QTRY_VERIFY(!screen);
+    QVERIFY(journey.IsEnabled("actionMFA"));
+    QVERIFY(journey.Disconnect());
+}
+
+void TestJourneyDisplays::theMultipleUnitShowsWhatItsProtectionDoes()
+{
+    Journey journey("BR 442 205 Talent");
+    QVERIFY(journey.Connect());
+    journey.Trigger("actionMFA");
+    QPointer<WidgetMFA_BR442> screen = Journey::Find<WidgetMFA_BR442>();
+    QVERIFY(screen);
+    screen->resize(800, 502);
+    QVERIFY(journey.DriveUntil(Faster, 400));
+    const auto *dial = screen->findChild<Speedometer *>();
+    QTRY_VERIFY(std::abs(dial->speed - journey.Train().TheCab().Kmh()) < 1.0);
+    QTRY_COMPARE(Text(*screen, "label_lm2"), QString("85"));
+    QCOMPARE(Text(*screen, "label_lm3"), QString());
+
+    practice::TrainModel &train = journey.Train();
+    const practice::PzbState &pzb = train.TheCab().pzb;
+    for (int second = 0; second < 7200 && (!pzb.lamp1000Hz || pzb.waits); ++second)
+        train.Step(1.0); // the line's first magnets are far off
+    QTRY_COMPARE(Text(*screen, "label_lm3"), QString("1000\nHz"));
+    QTRY_COMPARE(Text(*screen, "label_msg1"), QString::fromUtf8("V-Überwachung 85km/h"));
+    LeavePicture(*screen, "mfa_BR_442_night");
+    QTest::mouseClick(screen->Key("kont"), Qt::LeftButton);
+    LeavePicture(*screen, "mfa_BR_442_day");
+
+    // Nobody serves the pedal any more.
+    train.WriteController(train.FindController("AutomaticDriver"), 0.0);
+    QVERIFY(journey.DriveUntil(
+        [](const practice::TrainModel &model) { return model.TheCab().sifa.stage == 3; }, 120));
+    QTRY_COMPARE(Text(*screen, "label_msg2"), QString("Sifa - Zwangsbremsung"));
+    QTRY_COMPARE(Text(*screen, "label_sifa"), QString("SIFA"));
 
     screen->close();
     QTRY_VERIFY(!screen);

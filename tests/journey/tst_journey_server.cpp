@@ -6,6 +6,7 @@
 #include "Journey.h"
 #include "KabdataSettings.h"
 #include "Pictures.h"
+#include "TestFiles.h"
 #include "TestMain.h"
 #include "WebContent.h"
 #include "WebServer.h"
@@ -68,13 +69,6 @@ void InDialog(ServerJourney &it, const char *action, Act act)
         act(*dialog);
     });
     it.journey.Trigger(action);
-}
-
-QByteArray Content(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly | QIODevice::Text) ? file.readAll()
-                                                            : QByteArray("(missing)");
 }
 
 QMap<QString, int> States(const QTableWidget &table)
@@ -146,7 +140,8 @@ void TestJourneyServer::pickedFilesAreInstalled()
     for (const practice::WebFile &file : files) {
         for (const Kind &kind : kKinds) {
             if (kind.type == file.type)
-                QCOMPARE(Content(it.journey.WorkFolder() + '/' + kind.folder + file.basename),
+                QCOMPARE(ContentOf(it.journey.WorkFolder() + '/' + kind.folder + file.basename,
+                                   QIODevice::Text),
                          file.content);
         }
     }
@@ -187,7 +182,7 @@ void TestJourneyServer::reportsArrive()
     const QDir records(it.journey.WorkFolder() + "/records");
     const QStringList files = records.entryList(QDir::Files);
     QCOMPARE(files.size(), 1);
-    const QByteArray lines = Content(records.filePath(files[0]));
+    const QByteArray lines = ContentOf(records.filePath(files[0]), QIODevice::Text);
     QVERIFY(lines.count('\n') >= 2);
     const QByteArray start = QString(files[0]).remove("practice_").remove(".rec").toLatin1();
     QCOMPARE(it.Posted(trip)[0],
@@ -235,7 +230,7 @@ void TestJourneyServer::publishedFilesArrive()
     const QByteArray config = "?empty=1&id=&type=3&filename=br145.cfg&content=";
     QVERIFY2(bodies[0].startsWith(config), bodies[0].left(200));
     QCOMPARE(QByteArray::fromPercentEncoding(bodies[0].mid(config.size())),
-             Content(it.journey.WorkFolder() + "/lococonfig/br145.cfg"));
+             ContentOf(it.journey.WorkFolder() + "/lococonfig/br145.cfg", QIODevice::Text));
     QVERIFY2(bodies[1].startsWith("?empty=1&id=&type=1&filename=Koeln-Koblenz.sfp&track_name="),
              bodies[1].left(200));
     QVERIFY2(bodies[2].startsWith("?empty=1&id=&type=1&filename=IC%202021%20Koeln-Koblenz.tfp"

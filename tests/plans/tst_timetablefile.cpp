@@ -1,6 +1,7 @@
 #include "FullDisk.h"
 #include "PlanText.h"
 #include "ScriptedDialogs.h"
+#include "TestFiles.h"
 #include "TestMain.h"
 #include "TimeTableFile.h"
 
@@ -56,13 +57,6 @@ QString FirstRow(const TrainTimeTable &plan)
     return text;
 }
 
-QByteArray Content(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly | QIODevice::Text) ? file.readAll()
-                                                            : QByteArray("unreadable");
-}
-
 void Put(const QString &path, const QByteArray &text)
 {
     QFile file(path);
@@ -109,7 +103,7 @@ void TestTimeTableFile::routePlanIsWrittenByteForByte()
         "1;50.9424;6.95;-99.9;80;;⭢;60.5;-0.25;<\n"
         "2;50.9424;6.95;-99.9;80;;⭢;60.5;-0.25;<\n"
         "3;50.9424;6.95;-99.9;120;;⭢;60.5;-0.25;<\n");
-    QCOMPARE(Content(path), expected.toUtf8());
+    QCOMPARE(ContentOf(path, QIODevice::Text), expected.toUtf8());
 }
 
 void TestTimeTableFile::timetableIsWrittenByteForByte()
@@ -138,7 +132,7 @@ void TestTimeTableFile::timetableIsWrittenByteForByte()
         "TrainLength=150\nDescription=one<br>two\nCreateDate=\nLastUpdateDate=\nExpiryDate=\n"
         "Scenario=Rhein\nVersion=0\nUID=\nVmax=160\nFileType=2\nUnit=0\n"
         "0;50.9424;6.95;-99.9;100;Bonn;10:00:00;10:01:30;3;Gleis 1;⭢;<\n");
-    QCOMPARE(Content(path), expected.toUtf8());
+    QCOMPARE(ContentOf(path, QIODevice::Text), expected.toUtf8());
 }
 
 void TestTimeTableFile::whatWasWrittenReadsBack()
@@ -155,7 +149,8 @@ void TestTimeTableFile::whatWasWrittenReadsBack()
     QCOMPARE(read.Description, plan.Description);
     QCOMPARE(FirstRow(read), QString("0|50.9424|6.95|-99.9|0|a|||0||⭢|<"));
     QVERIFY(file.WriteTimeTable(folder.filePath("2.tfp"), read));
-    QCOMPARE(Content(folder.filePath("2.tfp")), Content(folder.filePath("1.tfp")));
+    QCOMPARE(ContentOf(folder.filePath("2.tfp"), QIODevice::Text),
+             ContentOf(folder.filePath("1.tfp"), QIODevice::Text));
 }
 
 void TestTimeTableFile::routePlanRowsMayBeShort_data()
@@ -287,14 +282,14 @@ void TestTimeTableFile::fullDiskLeavesTheOldFile()
     TrainTimeTable plan;
     plan.Name = "old";
     QVERIFY(file.WriteTimeTable(path, plan));
-    const QByteArray before = Content(path);
+    const QByteArray before = ContentOf(path, QIODevice::Text);
     plan.entries = QVector<TimeTableEntry>(1000, Point(80, "Bonn"));
     {
         const FullDisk disk(20000);
         QVERIFY(!file.WriteTimeTable(path, plan));
     }
     QCOMPARE(dialogs.boxes.size(), 1);
-    QCOMPARE(Content(path), before);
+    QCOMPARE(ContentOf(path, QIODevice::Text), before);
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{"x.tfp"});
 }
 

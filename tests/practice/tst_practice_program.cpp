@@ -2,7 +2,6 @@
 #include "TestMain.h"
 
 #include <QDir>
-#include <QFile>
 #include <QProcess>
 #include <QTcpSocket>
 #include <QTemporaryDir>
@@ -40,10 +39,8 @@ private slots:
     void wrongArgumentsAreExplained_data();
     void wrongArgumentsAreExplained();
     void itTellsItsPortAndServes();
-    void itServesTheWebToo();
-    void itObeysStandardInput();
+    void itServesTheWebAndObeysStandardInput();
     void theZugblickInFrontIsSentToItsPorts();
-    void aZugblickThatCannotStartEndsIt();
 };
 
 void TestPracticeProgram::wrongArgumentsAreExplained_data()
@@ -51,13 +48,8 @@ void TestPracticeProgram::wrongArgumentsAreExplained_data()
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QByteArray>("text");
     QTest::newRow("a port out of range") << QStringList{"--port", "65536"} << QByteArray("--port");
-    QTest::newRow("fields that no reply has")
-        << QStringList{"--fields", "8"} << QByteArray("6, 9 or 17");
     QTest::newRow("an unknown loco") << QStringList{"--loco", "X"} << QByteArray("Railjet");
-    QTest::newRow("an unknown fault of the web server")
-        << QStringList{"--web-port", "0", "--web-fault", "403"} << QByteArray("garbage");
     QTest::newRow("an unknown option") << QStringList{"--wat"} << QByteArray("wat");
-    QTest::newRow("standing time") << QStringList{"--speedup", "0"} << QByteArray("--speedup");
 }
 
 void TestPracticeProgram::wrongArgumentsAreExplained()
@@ -89,7 +81,7 @@ void TestPracticeProgram::itTellsItsPortAndServes()
     QTRY_VERIFY2(!ask().startsWith("@000058;004;000002;50.9430000:"), "the train departs");
 }
 
-void TestPracticeProgram::itServesTheWebToo()
+void TestPracticeProgram::itServesTheWebAndObeysStandardInput()
 {
     Program program({"--port", "0", "--web-port", "0", "--web-version", "7.7"});
     QVERIFY(program.FirstLine().startsWith("listening on "));
@@ -100,15 +92,6 @@ void TestPracticeProgram::itServesTheWebToo()
     socket.write("GET /jdownloads/Zugblick/VersionsInfo/version_zugblick.txt HTTP/1.0\r\n\r\n");
     QTRY_COMPARE(socket.state(), QAbstractSocket::UnconnectedState);
     QVERIFY(socket.readAll().endsWith("\r\n\r\n7.7"));
-    program.process.write("quit\n");
-    QVERIFY(program.Ends());
-    QCOMPARE(program.process.exitCode(), 0);
-}
-
-void TestPracticeProgram::itObeysStandardInput()
-{
-    Program program({"--port", "0"});
-    program.FirstLine();
     program.process.write("set Horn 1\nloco BR 145\nquit\n");
     QVERIFY(program.Ends());
     QCOMPARE(program.process.exitCode(), 0);
@@ -132,15 +115,6 @@ void TestPracticeProgram::theZugblickInFrontIsSentToItsPorts()
     QCOMPARE(said,
              "listening on " + QByteArray::number(settings.EthernetPort()) + "\nweb on "
                  + settings.UrlHost().section(':', -1).toUtf8() + '\n');
-}
-
-void TestPracticeProgram::aZugblickThatCannotStartEndsIt()
-{
-    const QTemporaryDir folder;
-    Program program({"--workfolder", folder.path(), "--front", folder.filePath("missing")});
-    QVERIFY(program.Ends());
-    QCOMPARE(program.process.exitCode(), 1);
-    QVERIFY(program.process.readAllStandardError().contains("missing"));
 }
 
 ZUGBLICK_TEST_MAIN(TestPracticeProgram)

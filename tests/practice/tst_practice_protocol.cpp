@@ -14,10 +14,8 @@ class Client
 public:
     explicit Client(const PracticeServer &server)
     {
-        QObject::connect(&socket, &QTcpSocket::readyRead, &socket, [this] {
-            received += socket.readAll();
-            ++arrivals;
-        });
+        QObject::connect(&socket, &QTcpSocket::readyRead, &socket,
+                         [this] { received += socket.readAll(); });
         socket.connectToHost(QHostAddress::LocalHost, server.Port());
     }
 
@@ -31,7 +29,6 @@ public:
 
     QTcpSocket socket;
     QByteArray received;
-    int arrivals = 0;
 };
 
 const QByteArray kAskServerName = "@000027;002;000000;Get Server name;";
@@ -51,18 +48,16 @@ private slots:
     void framesAreFoundWhateverSurroundsThem_data();
     void framesAreFoundWhateverSurroundsThem();
     void clientsDoNotDisturbEachOther();
-    void aSplitReplyArrivesWhole();
 
 private:
     std::unique_ptr<TrainModel> model;
     std::unique_ptr<PracticeServer> server;
-    void Start(int fields, const Fault &fault = {});
+    void Start(int fields);
 };
 
-void TestPracticeProtocol::Start(int fields, const Fault &fault)
+void TestPracticeProtocol::Start(int fields)
 {
     server = std::make_unique<PracticeServer>(*model, fields);
-    server->SetFault(fault);
     QVERIFY(server->Listen(0));
 }
 
@@ -79,8 +74,6 @@ void TestPracticeProtocol::repliesMatchByteForByte_data()
     QTest::addColumn<QByteArray>("reply");
 
     QTest::newRow("server name") << kAskServerName << kServerName;
-    QTest::newRow("client id") << QByteArray("@000024;003;000002;Get ClientID;")
-                               << QByteArray("@000013;003;000002;1;");
     QTest::newRow("train data before the departure")
         << QByteArray("@000026;004;000005;Get Train data;")
         << QByteArray("@000058;004;000005;50.9430000:6.9586000:0.001181:6:59:15:0.00:0:0;");
@@ -95,8 +88,6 @@ void TestPracticeProtocol::repliesMatchByteForByte_data()
     QTest::newRow("a write to no controller")
         << QByteArray("@000019;008;000010;777:0.5;")
         << QByteArray("@000029;008;000010;no controller 777;");
-    QTest::newRow("a write that is none") << QByteArray("@000016;008;000011;abcd;")
-                                          << QByteArray("@000032;008;000011;not understood: abcd;");
 }
 
 void TestPracticeProtocol::repliesMatchByteForByte()
@@ -131,7 +122,6 @@ void TestPracticeProtocol::framesAreFoundWhateverSurroundsThem_data()
         bytes.append(QByteArray(1, c));
     QTest::newRow("byte by byte") << bytes << 1;
     QTest::newRow("two glued") << QList<QByteArray>{kAskServerName + kAskServerName} << 2;
-    QTest::newRow("noise in front") << QList<QByteArray>{"xx;@@0@" + kAskServerName} << 1;
     QTest::newRow("a length of 0 in front") << QList<QByteArray>{"@000000;" + kAskServerName} << 1;
     QTest::newRow("binary rubbish")
         << QList<QByteArray>{QByteArray("\0\xff\xfe@\0\0", 6) + kAskServerName} << 1;
@@ -165,15 +155,6 @@ void TestPracticeProtocol::clientsDoNotDisturbEachOther()
     QCOMPARE(log.last().first().toString(), QString("client 2 gone"));
     first.Send(kAskServerName.mid(20));
     QTRY_COMPARE(first.received, kServerName);
-}
-
-void TestPracticeProtocol::aSplitReplyArrivesWhole()
-{
-    Start(9, {Fault::Split, 2});
-    Client client(*server);
-    client.Send(kAskServerName + kAskServerName + kAskServerName);
-    QTRY_COMPARE(client.received, kServerName.repeated(3));
-    QVERIFY2(client.arrivals > 1, "the pieces came apart");
 }
 
 ZUGBLICK_TEST_MAIN(TestPracticeProtocol)

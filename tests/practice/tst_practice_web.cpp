@@ -2,7 +2,6 @@
 
 #include "Catalogue.h"
 #include "KabdataSettings.h"
-#include "LoginCheck.h"
 #include "ServerClient.h"
 #include "ServerUrl.h"
 #include "TestMain.h"
@@ -25,16 +24,10 @@ private slots:
     void cleanup();
 
     void theCatalogueNamesFilesThatExist();
-    void faultsAreReadFromText_data();
-    void faultsAreReadFromText();
     void theInboxShowsWhatWasSent();
-    void onlyTheKnownUserMayPublish_data();
-    void onlyTheKnownUserMayPublish();
     void faultsPlay_data();
     void faultsPlay();
-    void aFaultPlaysOnEveryNthRequest();
     void aStalledClientDoesNotKeepItFromStopping();
-    void aTakenPortIsRefused();
 
 private:
     QNetworkReply *Ask(const QString &path);
@@ -89,29 +82,6 @@ void TestPracticeWeb::theCatalogueNamesFilesThatExist()
     QCOMPARE(types, QSet<int>({1, 2, 3}));
 }
 
-void TestPracticeWeb::faultsAreReadFromText_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("every"); // 0: refused
-
-    QTest::newRow("on every request") << "slow" << 1;
-    QTest::newRow("on every third") << "404:3" << 3;
-    QTest::newRow("never") << "404:0" << 0;
-    QTest::newRow("no number") << "404:x" << 0;
-    QTest::newRow("two numbers") << "404:1:2" << 0;
-    QTest::newRow("no fault") << "403" << 0;
-}
-
-void TestPracticeWeb::faultsAreReadFromText()
-{
-    QFETCH(QString, text);
-    QFETCH(int, every);
-    WebFault fault;
-    QCOMPARE(practice::ReadWebFault(text, fault), every > 0);
-    if (every > 0)
-        QCOMPARE(fault.every, every);
-}
-
 void TestPracticeWeb::theInboxShowsWhatWasSent()
 {
     const QByteArray large = "content=" + QByteArray(100000, 'x');
@@ -124,20 +94,6 @@ void TestPracticeWeb::theInboxShowsWhatWasSent()
     const QByteArray page = Ask("/inbox")->readAll();
     QVERIFY(page.startsWith("2 posts\n"));
     QVERIFY(page.contains("\nPOST /index.php?option=com_traindriver&view=trip\nuserid=J\xc3\xb6&"));
-}
-
-void TestPracticeWeb::onlyTheKnownUserMayPublish_data()
-{
-    QTest::addColumn<QString>("hash");
-    QTest::addColumn<bool>("allowed");
-    QTest::newRow("practice") << "practice" << true;
-    QTest::newRow("anything else") << "Practice" << false;
-}
-
-void TestPracticeWeb::onlyTheKnownUserMayPublish()
-{
-    QFETCH(QString, hash);
-    QTEST(LoginCheck(client).Run("practice", hash), "allowed");
 }
 
 void TestPracticeWeb::faultsPlay_data()
@@ -172,15 +128,6 @@ void TestPracticeWeb::faultsPlay()
         QVERIFY(!ReadCatalogue(reply->readAll()).error.isEmpty());
 }
 
-void TestPracticeWeb::aFaultPlaysOnEveryNthRequest()
-{
-    web->SetFault({WebFault::NotFound, 3});
-    QVector<bool> succeeded;
-    for (int request = 0; request < 6; ++request)
-        succeeded.append(ServerClient::HasSucceeded(*Ask(ServerPaths::kVersion)));
-    QCOMPARE(succeeded, QVector<bool>({true, true, false, true, true, false}));
-}
-
 void TestPracticeWeb::aStalledClientDoesNotKeepItFromStopping()
 {
     web->SetFault({WebFault::Stall, 1});
@@ -188,13 +135,6 @@ void TestPracticeWeb::aStalledClientDoesNotKeepItFromStopping()
     QTRY_COMPARE(web->Inbox().size(), 1);
     web.reset();
     QTRY_VERIFY(reply->isFinished());
-}
-
-void TestPracticeWeb::aTakenPortIsRefused()
-{
-    WebServer second;
-    QVERIFY(!second.Start(web->Port()));
-    QVERIFY(!second.ErrorText().isEmpty());
 }
 
 ZUGBLICK_TEST_MAIN(TestPracticeWeb)

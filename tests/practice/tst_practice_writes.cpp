@@ -13,10 +13,7 @@ class TestPracticeWrites : public QObject
 private slots:
     void init();
     void writtenLeversDriveTheTrain();
-    void switchesFollowWrites_data();
-    void switchesFollowWrites();
     void valuesStayWithinTheirLimits();
-    void thePedalIsNotServedForWhoDrivesAlone();
     void theConsoleUnderstands_data();
     void theConsoleUnderstands();
 
@@ -71,29 +68,6 @@ void TestPracticeWrites::writtenLeversDriveTheTrain()
     QVERIFY(Value("TrainBrakeCylinderPressureBAR") > 3.0);
 }
 
-void TestPracticeWrites::switchesFollowWrites_data()
-{
-    QTest::addColumn<QByteArray>("name");
-    QTest::addColumn<double>("value");
-    QTest::newRow("system of another country") << QByteArray("SystemSelect") << 3.0;
-    QTest::newRow("train type") << QByteArray("PZB_TrainType") << 3.0;
-    QTest::newRow("pedal pressed") << QByteArray("Sifa") << 1.0;
-    QTest::newRow("other cab") << QByteArray("ActiveCab") << 2.0;
-    QTest::newRow("what only keeps its position") << QByteArray("Headlights") << 2.0;
-}
-
-void TestPracticeWrites::switchesFollowWrites()
-{
-    QFETCH(QByteArray, name);
-    QFETCH(double, value);
-    DriveTo(10.0);
-    QVERIFY(Value(name) != value);
-    Write(name, value);
-    QCOMPARE(Value(name), value); // at once, and it stays
-    model->Step(5.0);
-    QCOMPARE(Value(name), value);
-}
-
 void TestPracticeWrites::valuesStayWithinTheirLimits()
 {
     Write("VirtualThrottle", 7.0);
@@ -109,24 +83,6 @@ void TestPracticeWrites::valuesStayWithinTheirLimits()
     QCOMPARE(model->ControllerValue(100000), 0.0);
 }
 
-void TestPracticeWrites::thePedalIsNotServedForWhoDrivesAlone()
-{
-    DriveTo(40.0);
-    Write("AutomaticDriver", 0.0);
-    model->Step(31.0);
-    QCOMPARE(Value("SifaLight"), 1.0);
-    Write("Sifa", 1.0);
-    model->Step(1.0);
-    QCOMPARE(Value("SifaLight"), 0.0);
-    Write("Sifa", 0.0);
-    model->Step(36.0);
-    QCOMPARE(Value("SifaAlarm"), 2.0);
-    model->Step(60.0);
-    QVERIFY(model->TheCab().Standing());
-    Write("AutomaticDriver", 1.0);
-    DriveTo(40.0);
-}
-
 void TestPracticeWrites::theConsoleUnderstands_data()
 {
     QTest::addColumn<QString>("line");
@@ -136,18 +92,8 @@ void TestPracticeWrites::theConsoleUnderstands_data()
     const QString help = Console::Help();
     QTest::newRow("a loco by its beginning") << "loco rail"
                                              << "loco changed to Railjet 1116 201" << false;
-    QTest::newRow("several begin so") << "loco BR"
-                                      << "no loco \"BR\"" << false;
-    QTest::newRow("no loco at all") << "loco"
-                                    << "no loco \"\"" << false;
-    QTest::newRow("a timetable") << "timetable IC"
-                                 << "timetable changed to IC 2021 Koeln-Koblenz" << false;
     QTest::newRow("a controller by its name") << "set Horn 1"
                                               << "Horn = 1" << false;
-    QTest::newRow("an indicator") << "set LineVoltage 1"
-                                  << "LineVoltage only indicates" << false;
-    QTest::newRow("no value") << "set Horn"
-                              << "set CONTROLLER VALUE" << false;
     QTest::newRow("no number") << "set Horn loud"
                                << "set CONTROLLER VALUE" << false;
     QTest::newRow("no command") << "explode" << help << false;

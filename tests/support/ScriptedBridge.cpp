@@ -60,20 +60,9 @@ QByteArray ScriptedBridge::Received() const
     return {received.constData(), received.size()};
 }
 
-int ScriptedBridge::FrameCount() const
-{
-    const std::lock_guard<std::mutex> lock(mutex);
-    return frames;
-}
-
 bool ScriptedBridge::WaitForFrames(int count) const
 {
     return WaitUntil([this, count] { return frames >= count; });
-}
-
-bool ScriptedBridge::WaitForBytes(int count) const
-{
-    return WaitUntil([this, count] { return received.size() >= count; });
 }
 
 bool ScriptedBridge::WaitForClientsGone(int count) const

@@ -51,11 +51,9 @@ public:
 
     /// All bytes received so far, over all connections.
     QByteArray Received() const;
-    int FrameCount() const;
-    /// Waits until so many frames or bytes have come, or so many clients have gone; false when
+    /// Waits until so many frames have come, or so many clients have gone; false when
     /// that takes longer than any sane machine needs.
     bool WaitForFrames(int count) const;
-    bool WaitForBytes(int count) const;
     bool WaitForClientsGone(int count) const;
 
     /// A frame as the bridge sends it.

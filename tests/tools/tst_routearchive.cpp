@@ -1,5 +1,6 @@
 #include "RouteArchive.h"
 #include "RouteProperties.h"
+#include "TestFiles.h"
 #include "TestMain.h"
 
 #include <QDir>
@@ -15,12 +16,6 @@
 
 namespace {
 const QString kName = QStringLiteral("RouteProperties.xml");
-
-QByteArray Content(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
-}
 
 /// An entry of an archive. The name goes in as it stands, however hostile.
 struct ZipEntry
@@ -129,7 +124,7 @@ void TestRouteArchive::hostileEntriesArePassedOver()
     QVERIFY(ExtractFromArchive(archive, target, {kName}));
     QCOMPARE(Everything(folder->path()),
              (QStringList{"MainContent.ap", "target", "target/route", "target/route/" + kName}));
-    QCOMPARE(Content(target + '/' + kName), QByteArray("good"));
+    QCOMPARE(ContentOf(target + '/' + kName), QByteArray("good"));
     QVERIFY(!QFile::exists('/' + kName));
 }
 
@@ -144,7 +139,7 @@ void TestRouteArchive::aBombIsPassedOver()
 void TestRouteArchive::anArchiveCutOrSpoiltAnywhereDoesNoHarm()
 {
     QVERIFY(MakeZip(archive, {{"first.txt", QByteArray(200, 'a')}, {kName, "good"}}));
-    const QByteArray whole = Content(archive);
+    const QByteArray whole = ContentOf(archive);
     for (int at = 0; at < whole.size(); ++at) {
         QByteArray spoilt = whole;
         spoilt[at] = static_cast<char>(~spoilt.at(at));

@@ -1,27 +1,35 @@
 #pragma once
 
+#include <QLibrary>
 #include <QString>
 
-#include <functional>
-#include <memory>
-
-/// A library of foreign functions in this process. Tests put functions of their own behind it.
-/// Destroying it unloads the library, so nothing that `Resolve` gave may be called afterwards.
+/// A library of foreign functions in this process. Destroying it unloads the library, so nothing
+/// that `Resolve` gave may be called afterwards.
 class DynamicLibrary
 {
 public:
-    virtual ~DynamicLibrary() = default;
+    DynamicLibrary() = default;
+    // `QLibrary` alone would keep the file loaded until the program ends: a simulator that was
+    // updated or moved between two connects would not be noticed.
+    ~DynamicLibrary()
+    {
+        if (library.isLoaded())
+            library.unload();
+    }
+    Q_DISABLE_COPY_MOVE(DynamicLibrary)
 
     /// Loads that file, in place of what failed to load before.
-    virtual bool Load(const QString &path) = 0;
-    virtual bool IsLoaded() const = 0;
+    bool Load(const QString &path)
+    {
+        library.setFileName(path);
+        return library.load();
+    }
+    bool IsLoaded() const { return library.isLoaded(); }
     /// Why the last `Load` failed.
-    virtual QString ErrorText() const = 0;
+    QString ErrorText() const { return library.errorString(); }
     /// Null when the library has no function of that name.
-    virtual QFunctionPointer Resolve(const char *name) = 0;
+    QFunctionPointer Resolve(const char *name) { return library.resolve(name); }
+
+private:
+    QLibrary library;
 };
-
-using DynamicLibraryFactory = std::function<std::unique_ptr<DynamicLibrary>()>;
-
-/// Libraries as this platform loads them.
-std::unique_ptr<DynamicLibrary> CreateDynamicLibrary();

@@ -92,10 +92,8 @@ int RefuseUnloaded(QString &text)
 }
 } // namespace
 
-TSInterfaceDll::TSInterfaceDll(const QString &simulatorFolder,
-                               const DynamicLibraryFactory &makeLibrary, QObject *parent)
-    : TSInterfaceBase(parent), library(makeLibrary()), simulatorPath(simulatorFolder),
-      factory(makeLibrary)
+TSInterfaceDll::TSInterfaceDll(const QString &simulatorFolder, QObject *parent)
+    : TSInterfaceBase(parent), simulatorPath(simulatorFolder)
 {
     Load("/plugins/RailDriver64.dll");
 }
@@ -108,9 +106,9 @@ TSInterfaceDll::~TSInterfaceDll()
 
 bool TSInterfaceDll::Load(const char *file)
 {
-    if (library->Load(simulatorPath + QLatin1String(file)))
+    if (library.Load(simulatorPath + QLatin1String(file)))
         return true;
-    loadError = library->ErrorText();
+    loadError = library.ErrorText();
     return false;
 }
 
@@ -120,7 +118,7 @@ void TSInterfaceDll::SayFirstLoading()
     if (firstLoadingSaid)
         return;
     firstLoadingSaid = true;
-    if (library->IsLoaded()) {
+    if (library.IsLoaded()) {
         emit sigDebugString(QStringLiteral("(InterfaceDLL) - RailDriver library loaded. "),
                             LogNotification);
     } else {
@@ -139,19 +137,19 @@ int TSInterfaceDll::Connect(QString &text)
 {
     text = ReplyText::ConnectFailed();
     SayFirstLoading();
-    if (!library->IsLoaded() && !Load("/plugins/RailDriver.dll")) {
+    if (!library.IsLoaded() && !Load("/plugins/RailDriver.dll")) {
         SayNotLoaded();
         return InterfaceLibraryMissing;
     }
     emit sigDebugString(QStringLiteral("(InterfaceDLL) - RailDriver library loaded"),
                         LogNotification);
-    const auto setConnected = kSetRailDriverConnected.In(*library);
+    const auto setConnected = kSetRailDriverConnected.In(library);
     if (setConnected == nullptr)
         return InterfaceConnectFunctionMissing;
     setConnected(true);
     attached = true;
     // A library that cannot say whether it is connected is taken for connected.
-    const auto getConnected = kGetRailDriverConnected.In(*library);
+    const auto getConnected = kGetRailDriverConnected.In(library);
     if (getConnected != nullptr && !getConnected())
         return InterfaceNotConnected;
     text = ReplyText::Connected();
@@ -161,9 +159,9 @@ int TSInterfaceDll::Connect(QString &text)
 int TSInterfaceDll::Disconnect()
 {
     attached = false;
-    if (!library->IsLoaded())
+    if (!library.IsLoaded())
         return InterfaceLibraryMissing;
-    const auto setConnected = kSetRailDriverConnected.In(*library);
+    const auto setConnected = kSetRailDriverConnected.In(library);
     if (setConnected == nullptr)
         return InterfaceNotImplemented;
     setConnected(false);
@@ -172,9 +170,9 @@ int TSInterfaceDll::Disconnect()
 
 int TSInterfaceDll::GetTrainData(QString &text)
 {
-    if (!library->IsLoaded())
+    if (!library.IsLoaded())
         return RefuseUnloaded(text);
-    const auto value = kGetControllerValue.In(*library);
+    const auto value = kGetControllerValue.In(library);
     if (value == nullptr)
         return Refuse(text, kNoResult, InterfaceConnectFunctionMissing);
     const QString latitude = Fixed(value(IdLatitude, KindValue), 7);
@@ -186,7 +184,7 @@ int TSInterfaceDll::GetTrainData(QString &text)
     text = QStringLiteral("%1:%2:%3:%4:%5:%6")
                .arg(latitude, longitude, gradient, hour, minute, second);
 
-    if (const auto railSimValue = kGetRailSimValue.In(*library)) {
+    if (const auto railSimValue = kGetRailSimValue.In(library)) {
         const float speed = std::fabs(railSimValue(IdSpeed, KindValue)); // backwards it is negative
         const float value2 = railSimValue(IdValue2, KindValue);
         railSimValue(IdUnused0, KindValue);
@@ -210,10 +208,10 @@ int TSInterfaceDll::GetControllerListValues(QString &text)
 
 int TSInterfaceDll::DescribeControllers(QString &text, bool withValues)
 {
-    if (!library->IsLoaded())
+    if (!library.IsLoaded())
         return RefuseUnloaded(text);
-    const auto list = kGetControllerList.In(*library);
-    const auto value = kGetControllerValue.In(*library);
+    const auto list = kGetControllerList.In(library);
+    const auto value = kGetControllerValue.In(library);
     if (list == nullptr || value == nullptr)
         return Refuse(text, kNotImplemented, InterfaceNotImplemented);
     // Empty names are dropped and do not count, so that the numbers have no gaps.
@@ -233,9 +231,9 @@ int TSInterfaceDll::DescribeControllers(QString &text, bool withValues)
 
 int TSInterfaceDll::GetControllerValues(QString &text)
 {
-    if (!library->IsLoaded())
+    if (!library.IsLoaded())
         return RefuseUnloaded(text);
-    const auto value = kGetControllerValue.In(*library);
+    const auto value = kGetControllerValue.In(library);
     if (value == nullptr)
         return Refuse(text, kNotImplemented, InterfaceNotImplemented);
     // A loco without mapped controllers asks for nothing, which is not controller 0.
@@ -250,12 +248,12 @@ int TSInterfaceDll::GetControllerValues(QString &text)
 
 int TSInterfaceDll::SetControllerValue(QString &text)
 {
-    if (!library->IsLoaded())
+    if (!library.IsLoaded())
         return RefuseUnloaded(text);
     const QStringList fields = text.split(QLatin1Char(':'));
     if (fields.size() != 2)
         return Refuse(text, kNoResult, InterfaceOk);
-    const auto setValue = kSetControllerValue.In(*library);
+    const auto setValue = kSetControllerValue.In(library);
     if (setValue == nullptr)
         return Refuse(text, kNotImplemented, InterfaceNotImplemented);
     setValue(ToInt(fields[0]), ToFloat(fields[1]));
@@ -265,9 +263,9 @@ int TSInterfaceDll::SetControllerValue(QString &text)
 
 int TSInterfaceDll::GetLocoChanged(QString &text)
 {
-    if (!library->IsLoaded())
+    if (!library.IsLoaded())
         return RefuseUnloaded(text);
-    const auto changed = kGetRailSimLocoChanged.In(*library);
+    const auto changed = kGetRailSimLocoChanged.In(library);
     if (changed == nullptr)
         return Refuse(text, kNoAnswer, InterfaceNotImplemented);
     text = changed() ? QStringLiteral("IS_CHANGED") : QStringLiteral("NOT_CHANGED");
@@ -276,9 +274,9 @@ int TSInterfaceDll::GetLocoChanged(QString &text)
 
 int TSInterfaceDll::GetLocoName(QString &text)
 {
-    if (!library->IsLoaded())
+    if (!library.IsLoaded())
         return RefuseUnloaded(text);
-    const auto name = kGetLocoName.In(*library);
+    const auto name = kGetLocoName.In(library);
     if (name == nullptr)
         return Refuse(text, kNoAnswer, InterfaceConnectFunctionMissing);
     text = QString::fromUtf8(name());
@@ -287,7 +285,7 @@ int TSInterfaceDll::GetLocoName(QString &text)
 
 int TSInterfaceDll::LoadSteamLibrary(QString &)
 {
-    steamLibrary = factory();
+    steamLibrary = std::make_unique<DynamicLibrary>();
     const bool loaded = steamLibrary->Load(simulatorPath + QStringLiteral("/steam_api.dll"));
     if (loaded) {
         emit sigDebugString(QStringLiteral("(InterfaceDLL) - steamapp library loaded. "),

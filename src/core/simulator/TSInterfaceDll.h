@@ -3,6 +3,8 @@
 #include "DynamicLibrary.h"
 #include "TSInterfaceBase.h"
 
+#include <memory>
+
 /// The simulator's RailDriver library in this process. Made, used and destroyed on the worker
 /// thread: the library may not bear calls from elsewhere. Whatever the library lacks, the
 /// operation that needs it says so in its text and result; there are no entered train data here.
@@ -12,9 +14,7 @@ class TSInterfaceDll : public TSInterfaceBase
 
 public:
     /// Loads the library. `simulatorFolder` is the folder of the simulator, above its "plugins".
-    explicit TSInterfaceDll(const QString &simulatorFolder,
-                            const DynamicLibraryFactory &makeLibrary = CreateDynamicLibrary,
-                            QObject *parent = nullptr);
+    explicit TSInterfaceDll(const QString &simulatorFolder, QObject *parent = nullptr);
     /// Tells the library that the client leaves, if it was not told, and unloads it.
     ~TSInterfaceDll() override;
 
@@ -38,11 +38,9 @@ private:
     void SayNotLoaded();
     int DescribeControllers(QString &text, bool withValues);
 
-    std::unique_ptr<DynamicLibrary> library;
+    DynamicLibrary library;
     QString simulatorPath;
     QString loadError;
-
-    const DynamicLibraryFactory factory;
     std::unique_ptr<DynamicLibrary> steamLibrary;
     bool attached = false; // the library counts us as its client
     bool firstLoadingSaid = false;

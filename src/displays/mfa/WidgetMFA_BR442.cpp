@@ -78,8 +78,7 @@ void WidgetMFA_BR442::ToggleDayNight()
     RecolourEmptyFields();
 }
 
-/// Fields that no record feeds would keep the other shade. That of the brake stays dark for its
-/// light picture.
+/// Fields that no record feeds would keep the other shade.
 void WidgetMFA_BR442::RecolourEmptyFields()
 {
     const TouchPanel panel = BindTouchPanel(*ui);
@@ -91,6 +90,22 @@ void WidgetMFA_BR442::RecolourEmptyFields()
         QPalette palette = field->palette();
         palette.setColor(QPalette::Window, labelBackground);
         field->setPalette(palette);
+    }
+    ShadeLightPictures();
+}
+
+/// The picture of the brake and the scale of the LZB are light and need a dark ground by day, too.
+void WidgetMFA_BR442::ShadeLightPictures()
+{
+    const std::pair<QWidget *, bool> fields[] = {
+        {ui->label_bremse, !ui->label_bremse->pixmap(Qt::ReturnByValue).isNull()},
+        {ui->label_lzb_display, ui->label_lzb_display->active},
+    };
+    for (const auto &[field, shown] : fields) {
+        QPalette palette = field->palette();
+        palette.setColor(QPalette::Window, shown ? QColor(Qt::black) : labelBackground);
+        if (palette != field->palette())
+            field->setPalette(palette);
     }
 }
 
@@ -104,7 +119,8 @@ void WidgetMFA_BR442::OnUpdateSecondTimer()
     indication.indicators.SetIndicator(ui->label_msg1, Br442::SupervisionMessage(*locoData));
     indication.indicators.SetIndicator(ui->label_msg2, Br442::StateMessage(*locoData));
     // Last: a needle lets events run, and the window may be gone afterwards.
-    indication.ShowRecords(*locoData, Rules(), *this, labelBackground);
+    if (indication.ShowRecords(*locoData, Rules(), *this, labelBackground))
+        ShadeLightPictures();
 }
 
 const QVector<RecordRule<WidgetMFA_BR442>> &WidgetMFA_BR442::Rules()

@@ -32,6 +32,7 @@ private:
     void FollowForce(VControllerBase &record);
     void ToggleDayNight();
     void RecolourEmptyFields();
+    void ShadeLightPictures();
 
     std::unique_ptr<Ui::WidgetMFA_BR442> ui;
     TouchIndication indication;

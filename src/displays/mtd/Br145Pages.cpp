@@ -1,5 +1,6 @@
 #include "Br145Pages.h"
 
+#include "KeyRule.h"
 #include "ZdeEntry.h"
 
 #include <QVector>
@@ -50,13 +51,6 @@ const std::array<Page, StateCount> &Pages()
     return pages;
 }
 
-struct KeyRule
-{
-    const char *key;
-    QVector<int> states; ///< in which it works
-    int next;
-};
-
 // "7" works from the workshop page and "4" from the basic one, though neither shows it.
 const QVector<KeyRule> &KeyRules()
 {
@@ -85,11 +79,7 @@ const Hands &HandsOf(int state)
 
 int NextState(int state, const QString &key)
 {
-    for (const KeyRule &rule : KeyRules()) {
-        if (key == QLatin1String(rule.key) && rule.states.contains(state))
-            return rule.next;
-    }
-    return NoState;
+    return ::NextState(KeyRules(), state, key);
 }
 
 int HelpState(int field)

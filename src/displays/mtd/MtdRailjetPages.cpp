@@ -1,5 +1,7 @@
 #include "MtdRailjetPages.h"
 
+#include "KeyRule.h"
+
 #include <QVector>
 
 namespace MtdRailjet {
@@ -8,13 +10,6 @@ QString S(const char *text)
 {
     return QString::fromUtf8(text);
 }
-
-struct KeyRule
-{
-    const char *key;
-    QVector<int> states; ///< in which it works
-    int next;
-};
 
 const QVector<KeyRule> &KeyRules()
 {
@@ -71,11 +66,7 @@ const Captions &CaptionsOf(int state)
 
 int NextState(int state, const QString &key)
 {
-    for (const KeyRule &rule : KeyRules()) {
-        if (key == QLatin1String(rule.key) && rule.states.contains(state))
-            return rule.next;
-    }
-    return NoState;
+    return ::NextState(KeyRules(), state, key);
 }
 
 const System *SystemOf(int land)

@@ -149,7 +149,6 @@ void TestBridge::repliesArriveWhole_data()
 
     QTest::newRow("a foreign command and number are not looked at")
         << QByteArrayList{ScriptedBridge::Frame(99, 777, "BR 103")} << "BR 103";
-    QTest::newRow("an empty payload") << QByteArrayList{ScriptedBridge::Frame(5, 3, "")} << "";
     QTest::newRow("only the last semicolon closes")
         << QByteArrayList{ScriptedBridge::Frame(5, 3, "a;;")} << "a;;";
     QTest::newRow("broken UTF-8") << QByteArrayList{ScriptedBridge::Frame(5, 3, "\xff\xc3")}

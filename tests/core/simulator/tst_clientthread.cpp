@@ -1,8 +1,6 @@
 #include "FakeInterface.h"
 #include "KabdataSettings.h"
-#include "ScriptedBridge.h"
 #include "TSClientThread.h"
-#include "TSInterfaceBridge.h"
 #include "TestMain.h"
 #include "Worker.h"
 
@@ -51,13 +49,11 @@ class TestClientThread : public QObject
 private slots:
     void everyJobRunsItsOperation_data();
     void everyJobRunsItsOperation();
-    void kindsOfInterfaceThatCannotConnect();
     void disconnectOvertakesTheQueue();
     void aLostConnectionAnswersAllJobs();
     void everyStartIsAnswered();
     void aStartInTheLastStepsOfARunIsNotLost();
     void destructionDropsTheQueueAndWaits();
-    void aSessionOverTheBridge();
 
 private:
     QTemporaryDir folder;
@@ -96,17 +92,6 @@ void TestClientThread::everyJobRunsItsOperation()
     simulator.failConnect = false;
     QCOMPARE(worker.Ask(JobConnect, "host;1"), QString("CONNECTED"));
     QTEST(worker.Ask(type), "reply");
-}
-
-void TestClientThread::kindsOfInterfaceThatCannotConnect()
-{
-    // A library that cannot be loaded, a bridge without an address, and what does not exist.
-    for (const int kind : {0, 1, 2, -1}) {
-        settings.SetInterfaceType(kind);
-        Worker worker(settings, CreateInterface);
-        QCOMPARE(worker.Ask(JobConnect, "no address"), QString("not CONNECTED"));
-        QCOMPARE(worker.Ask(JobSetController), QString("request"));
-    }
 }
 
 void TestClientThread::disconnectOvertakesTheQueue()
@@ -202,28 +187,6 @@ void TestClientThread::destructionDropsTheQueueAndWaits()
     }
     opener.join();
     QCOMPARE(simulator.Calls(), (QStringList{"Connect host;1", "GetTrainData request", "gone"}));
-}
-
-// The real interface: one socket over several runs, a bridge that dies, and a new connection.
-void TestClientThread::aSessionOverTheBridge()
-{
-    ScriptedBridge farEnd;
-    farEnd.Answer(4, "50.9:7:0:8:30:0");
-    Worker worker(settings, [](int, const KabdataSettings &) {
-        BridgeTimings timings;
-        timings.handshakePauseMs = 0;
-        return std::make_shared<TSInterfaceBridge>(timings);
-    });
-    for (int session = 1; session <= 2; ++session) {
-        QCOMPARE(worker.Ask(JobConnect, farEnd.Address()), QString("CONNECTED"));
-        for (int run = 0; run < 3; ++run) {
-            QVERIFY(worker.thread.wait()); // the socket outlives the run that made it
-            QCOMPARE(worker.Ask(JobTrainData), QString("50.9:7:0:8:30:0"));
-        }
-        farEnd.HangUp();
-        QVERIFY(farEnd.WaitForClientsGone(session));
-        QCOMPARE(worker.Ask(JobTrainData), QString("NOT CONNECTED"));
-    }
 }
 
 ZUGBLICK_TEST_MAIN(TestClientThread)

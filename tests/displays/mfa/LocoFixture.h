@@ -92,3 +92,17 @@ inline int PageOf(const QWidget *window, const char *stack)
     const auto *widget = window->findChild<QWidget *>(QLatin1String(stack));
     return widget == nullptr ? -1 : widget->property("currentIndex").toInt();
 }
+
+/// The visible labels whose text does not fit into them.
+inline QString CutLabels(const QWidget &window)
+{
+    QStringList cut;
+    const auto labels = window.findChildren<QLabel *>();
+    for (const QLabel *label : labels) {
+        const QSize text = label->fontMetrics().size(0, label->text());
+        const bool fits = text.width() <= label->width() && text.height() <= label->height();
+        if (label->isVisible() && !label->text().isEmpty() && !fits)
+            cut.append(label->objectName());
+    }
+    return cut.join(QLatin1Char(' '));
+}

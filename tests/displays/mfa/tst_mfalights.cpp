@@ -40,6 +40,7 @@ private slots:
     void ForceRing();
     void MessagesOfTheControlCar();
     void HostileConfiguration();
+    void PowerPercentage();
 };
 
 void TestMfaLights::Fields_data()
@@ -54,12 +55,10 @@ void TestMfaLights::Fields_data()
         QTest::newRow(name) << before << Typ(1) + lines << QString::fromLatin1(label)
                             << QString::fromLatin1(text) << background;
     };
-    const QByteArray ready = Line("LZB_ML_B", 1);
     const QByteArray lzb = Line("LZBPanelStatus", 1);
     const QByteArray train = Line("Zugart", 1);
     const QByteArray kind85 = Line("PZB_Active", 1);
     const QByteArray command = Line("PZBBefehl40", 1);
-    add("LZB not ready", ready, Line("LZB_ML_B", 0.9), "label_lm1", "", Panel);
     add("without a controller the standard value counts", {}, "LZB_ML_B=-1:x:0:0:1:1:0:0:0\n",
         "label_lm1", "B", Blue);
     add("a changed kind clears the others", kind85, Line("PZB_Active", 3), "label_lm2", "", Panel);
@@ -68,8 +67,9 @@ void TestMfaLights::Fields_data()
     add("85 blinks dark", kind85, kind85 + Line("PZB85", 1), "label_lm2", "85", Black);
     add("the record that comes last wins", {}, Line("PZB85", 1) + kind85, "label_lm2", "85", Blue);
     add("500 Hz", {}, Line("PZB500Hz", 1), "label_lm3", "500\nHz", Red);
+    add("1000 Hz", {}, Line("PZB1000Hz", 1), "label_lm3", "1000\nHz", Yellow);
+    add("Befehl 40", {}, train + command, "label_lm5", "Befehl\n40", White);
     add("Befehl 40 ends", train + command, train + Line("PZBBefehl40", 0), "label_lm5", "", Panel);
-    add("Befehl 40 without a kind of train", {}, command, "label_lm5", "", Panel);
     add("Befehl 40 under LZB", {}, train + lzb + command, "label_lm5", "", Panel);
     add("end of LZB", {}, lzb + Line("LZB_ML_ENDE", 1), "label_lm5", "Ende", Yellow);
     add("end of LZB outside LZB", {}, Line("LZB_ML_ENDE", 1), "label_lm5", "", Panel);
@@ -80,6 +80,7 @@ void TestMfaLights::Fields_data()
     add("Sifa warns", {}, Line("Sifa_Weg", 1), "label_sifa", "SIFA", White);
     add("main switch on", Line("Hauptschalter", 0), Line("Hauptschalter", -1), "label_lm13", "",
         Panel);
+    add("doors closing", Line("Tuer_LM", 1), Line("Tuer_LM", 0.5), "label_lm_tuer", "", Panel);
     add("braking", {}, Line("Beschleunigungsmesser", -120.4), "label_zugkraft", "120 kN", Black);
 }
 
@@ -211,6 +212,22 @@ void TestMfaLights::HostileConfiguration()
         QVERIFY(!railjet.window.grab().isNull());
         QVERIFY(!controlCar.window.grab().isNull());
     }
+}
+
+void TestMfaLights::PowerPercentage()
+{
+    const auto percent = [](const char *throttle, const char *brake) {
+        VControllerBase throttleRecord;
+        VControllerBase brakeRecord;
+        throttleRecord.ReadConfigText(QLatin1String(throttle));
+        brakeRecord.ReadConfigText(QLatin1String(brake));
+        return PowerPercent(throttleRecord, brakeRecord);
+    };
+    QCOMPARE(percent("5:t:0.5:0:1:0:0:100:1", "6:b:1:0:1:0:0:0:0"), 50);
+    // The brake lever counts against the range of the closed throttle.
+    QCOMPARE(percent("5:t:0:0:1:0:0:100:1", "6:b:0.25:0:1:0:0:400:1"), -25);
+    QCOMPARE(percent("5:t:-0.5:0:1:0:0:100:1", "-1:b:1:0:1:0:0:0:1"), -50);
+    QCOMPARE(percent("5:t:3:0:0:0:0:100:1", "-1:b:0:0:0:0:0:0:0"), 3); // a range of nothing
 }
 
 ZUGBLICK_TEST_MAIN(TestMfaLights)

@@ -7,6 +7,7 @@
 #include "Pictures.h"
 #include "ScriptedDialogs.h"
 #include "ScriptedWebServer.h"
+#include "TestFiles.h"
 #include "TestMain.h"
 #include "WidgetControllerRows.h"
 
@@ -25,20 +26,6 @@
 namespace {
 using Answer = UserDialogs::Answer;
 const QString kLoco = QStringLiteral("BR 101 [Köln]:1");
-
-QByteArray Content(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly | QIODevice::Text) ? file.readAll()
-                                                            : QByteArray("missing");
-}
-
-void Write(const QString &path, const QByteArray &content)
-{
-    QFile file(path);
-    QVERIFY2(file.open(QIODevice::WriteOnly), qPrintable(path));
-    file.write(content);
-}
 
 /// The line of one key in a file.
 QByteArray Line(const QByteArray &content, const QByteArray &key)
@@ -172,7 +159,7 @@ QByteArray TestTrainConfigurator::Saved()
     const QString path = ConfigPath("saved.cfg");
     dialogs->files.append(QStringList(path));
     Press(QDialogButtonBox::Apply);
-    return Content(path);
+    return ContentOf(path, QIODevice::Text);
 }
 
 /// By name and not by place: the file has another order among the PZB functions.
@@ -204,7 +191,7 @@ void TestTrainConfigurator::rowsReachTheirFunctions()
 
 void TestTrainConfigurator::aSavedFileKeepsItsBytes()
 {
-    Write(ConfigPath("before.cfg"), WrittenFile());
+    WriteFile(ConfigPath("before.cfg"), WrittenFile());
     for (const char *time : {"over an empty window", "over what is shown already"}) {
         Import(ConfigPath("before.cfg"), Answer::No);
         QVERIFY2(Saved() == WrittenFile(), time);
@@ -213,9 +200,9 @@ void TestTrainConfigurator::aSavedFileKeepsItsBytes()
 
 void TestTrainConfigurator::savingChangesOnlyWhatItMust()
 {
-    Write(ConfigPath("old.cfg"),
-          "Loconame=BR 101\nAutor=Eva\nDisplay=2\nSpeedometer=71:Tacho:3.5:0:300:1.75:0:0\n"
-          "HLL=2:Regler 2:0:1:2:-1.75:0:0\nHBL=-1:alt:0:5:6:0:0:0\n");
+    WriteFile(ConfigPath("old.cfg"),
+              "Loconame=BR 101\nAutor=Eva\nDisplay=2\nSpeedometer=71:Tacho:3.5:0:300:1.75:0:0\n"
+              "HLL=2:Regler 2:0:1:2:-1.75:0:0\nHBL=-1:alt:0:5:6:0:0:0\n");
     Import(ConfigPath("old.cfg"), Answer::No);
     QCOMPARE(Text("lineEdit_version"), QString("1")); // an empty one
     Child<QLineEdit>("lineEdit_version")->setText("  ");
@@ -229,7 +216,7 @@ void TestTrainConfigurator::savingChangesOnlyWhatItMust()
 
 void TestTrainConfigurator::refreshingStartsAnewAndOffersTheFileOfTheLoco()
 {
-    Write(ConfigPath("ours.cfg"), WrittenFile());
+    WriteFile(ConfigPath("ours.cfg"), WrittenFile());
     for (const bool isAssigned : {false, true}) {
         if (isAssigned)
             Assign("ours.cfg");
@@ -264,7 +251,7 @@ void TestTrainConfigurator::importingKeepsTheNameOrTheFile()
     QFETCH(QString, name);
     QFETCH(QString, file);
     const Answer answer = isYes ? Answer::Yes : Answer::No;
-    Write(ConfigPath("other.v2.cfg"), WrittenFile());
+    WriteFile(ConfigPath("other.v2.cfg"), WrittenFile());
     Child<QLineEdit>("lineEdit_loconame")->setText("mine");
     Import(ConfigPath("other.v2.cfg"), answer);
     QCOMPARE(Text("lineEdit_loconame"), name);
@@ -326,7 +313,7 @@ void TestTrainConfigurator::brakeRowsSurviveMissingCells()
 
 void TestTrainConfigurator::pagesAndSearchFitASmallScreen()
 {
-    Write(ConfigPath("a.cfg"), WrittenFile());
+    WriteFile(ConfigPath("a.cfg"), WrittenFile());
     Import(ConfigPath("a.cfg"), Answer::No);
     const QSize design = window->size();
     window->show();
@@ -358,7 +345,7 @@ void TestTrainConfigurator::checkedUsersPublishAFile()
     delete window;
     window = new DlgTrainConfigurator(settings.get(), &controllers, kLoco);
     const QString path = ConfigPath("köln.cfg");
-    Write(path, "Autor=J\xc3\xbcrgen & Söhne\n");
+    WriteFile(path, "Autor=J\xc3\xbcrgen & Söhne\n");
     dialogs->files = {{path}, {path}, {folder->path()}};
     server.Answer("/newfile.php", WebReply::Ok("error")); // whatever it writes
     Child<QPushButton>("pushButton_export")->click();
@@ -398,7 +385,7 @@ void TestTrainConfigurator::closingInAnEventPassIsHarmless()
     QFETCH(bool, isDeleted);
     QFETCH(QByteArray, slot);
     Assign("ours.cfg");
-    Write(ConfigPath("ours.cfg"), WrittenFile());
+    WriteFile(ConfigPath("ours.cfg"), WrittenFile());
     window->show();
     const auto close = [this, isDeleted] {
         if (window && isDeleted)
