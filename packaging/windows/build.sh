@@ -58,6 +58,15 @@ put_libraries() {
     done
 }
 
+put_handbook() {
+    mkdir -p "$parcel/handbuch/pictures"
+    cp docs/handbuch.md "$parcel/handbuch/"
+    sed -n 's/.*(pictures\/\([^)]*\)).*/\1/p' docs/handbuch.md | while read -r picture; do
+        cp "docs/pictures/$picture" "$parcel/handbuch/pictures/" \
+            || echo "The handbook lacks its picture $picture." >&2
+    done
+}
+
 put_licences() {
     cp LICENSE "$parcel/"
     mkdir "$parcel/licences"
@@ -72,6 +81,7 @@ rm -rf "$parcel" "$parcel-win64.zip"
 mkdir -p "$parcel"
 put_programs
 put_libraries
+put_handbook
 put_licences
 find "$parcel" \( -name '*.exe' -o -name '*.dll' \) -exec x86_64-w64-mingw32-strip {} +
 (cd "$parcel/.." && zip -q -r -9 -X "$name-win64.zip" "$name")

@@ -18,6 +18,14 @@ in_windows() {
     printf 'Z:%s;' "$@" | tr / '\\'
 }
 gcc=$(dirname "$(x86_64-w64-mingw32-g++-posix -print-libgcc-file-name)")
-WINEPATH=$(in_windows "$cache/qt/bin" "$cache/quazip/bin" "$gcc" /usr/x86_64-w64-mingw32/lib)
+WINEPATH=$(in_windows "$tree/packaging/windows" "$cache/qt/bin" "$cache/quazip/bin" "$gcc" /usr/x86_64-w64-mingw32/lib)
 export WINEPATH
-exec /usr/lib/wine/wine64 "$@"
+
+# What Wine starts beside the program lives longer and keeps its output open; CTest waits for the
+# end of that.
+said=$(mktemp)
+trap 'rm -f "$said"' EXIT
+result=0
+/usr/lib/wine/wine64 "$@" > "$said" 2>&1 || result=$?
+cat "$said"
+exit "$result"
