@@ -175,7 +175,7 @@ void TestDirectLibrary::aSession()
              qPrintable(train));
     controls.Calls();
 
-    const QString id = list.section("::VirtualThrottle", 0, 0).section("::", -1);
+    const QString id = list.section("::InstrumentLights", 0, 0).section("::", -1);
     QCOMPARE(worker.Ask(JobSetController, id), QString("no result"));
     QCOMPARE(worker.Ask(JobSetController, id + ":1:2"), QString("no result"));
     QCOMPARE(worker.Ask(JobSetController, id + ":0.5"), QString("Set CtrlValue: %1:0.5").arg(id));
