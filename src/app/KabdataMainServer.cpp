@@ -47,8 +47,8 @@ void KabdataMain::OnNetTrainDriverStatusFinished(QNetworkReply *reply)
 {
     reply->deleteLater();
     if (reply->error() == QNetworkReply::NoError) {
-        OnDebugString(QStringLiteral("(Main) - UserStatusResult: ")
-                          + QString::fromUtf8(ServerClient::Body(*reply)),
+        OnDebugString(QStringLiteral("(Main) - UserStatusResult: %1")
+                          .arg(QString::fromUtf8(ServerClient::Body(*reply))),
                       LogDebug);
         return;
     }
@@ -71,10 +71,11 @@ void KabdataMain::OnNetworkError(QNetworkReply::NetworkError error)
 /// The window may be gone when it returns.
 void KabdataMain::ShowNetworkError(int code, const QString &text)
 {
-    const QString told = QStringLiteral("%1\n%2").arg(QString::number(code), text);
-    OnDebugString(QStringLiteral("(Main) - Network error : ") + told, LogError);
-    UserDialogs::Instance().WarnUnattended(this, QStringLiteral("Zugblick"),
-                                           QStringLiteral("Network error: ") + told);
+    const QString number = QString::number(code);
+    OnDebugString(QStringLiteral("(Main) - Network error : %1\n%2").arg(number, text), LogError);
+    UserDialogs::Instance().WarnUnattended(
+        this, QStringLiteral("Zugblick"),
+        QStringLiteral("Network error: %1\n%2").arg(number, text));
 }
 
 void KabdataMain::OnStartStopRecord()

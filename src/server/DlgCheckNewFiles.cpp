@@ -320,9 +320,11 @@ void DlgCheckNewFiles::OnNetworkError(QNetworkReply::NetworkError error)
 
 void DlgCheckNewFiles::ShowNetworkError(int code, const QString &text)
 {
-    const QString told = QStringLiteral("%1\n%2").arg(QString::number(code), text);
-    emit sigDebugString(QStringLiteral("(DlgCheckFiles) - Network error : ") + told, LogError);
-    UserDialogs::Instance().WarnUnattended(this, kTitle, QStringLiteral("Network error: ") + told);
+    const QString number = QString::number(code);
+    emit sigDebugString(
+        QStringLiteral("(DlgCheckFiles) - Network error : %1\n%2").arg(number, text), LogError);
+    UserDialogs::Instance().WarnUnattended(
+        this, kTitle, QStringLiteral("Network error: %1\n%2").arg(number, text));
 }
 
 /// Opens a progress dialog where none is open, and sets its range.
