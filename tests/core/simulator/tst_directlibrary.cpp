@@ -67,6 +67,7 @@ private slots:
     void theLibraryMayGoBetweenTwoConnects();
     void strangeAnswers_data();
     void strangeAnswers();
+    void theSecondLibrary();
 
 private:
     QString Install(const QString &file) const;
@@ -275,6 +276,23 @@ void TestDirectLibrary::strangeAnswers()
     QTEST(worker.Ask(JobControllerList).split("::").value(3), "limit");
     QTEST(worker.Ask(JobControllerValues, "0").section(':', 1, 1), "value");
     QCOMPARE(worker.Ask(JobTrainData).split(':').size(), 9);
+}
+
+void TestDirectLibrary::theSecondLibrary()
+{
+    QString text("as it was");
+    TSInterfaceDll without(settings->SimulatorPath());
+    QSignalSpy missing(&without, &TSInterfaceBase::sigDebugString);
+    QCOMPARE(without.LoadSteamLibrary(text), 2);
+    QVERIFY(missing.value(0).value(0).toString().startsWith(
+        "(InterfaceDLL) - steam_app library not loaded. Cannot load library. "));
+
+    TSInterfaceDll with(STEAM_FOLDER);
+    QSignalSpy loaded(&with, &TSInterfaceBase::sigDebugString);
+    QCOMPARE(with.LoadSteamLibrary(text), 0);
+    QCOMPARE(loaded.value(0).value(0).toString(),
+             QString("(InterfaceDLL) - steamapp library loaded. "));
+    QCOMPARE(text, QString("as it was"));
 }
 
 ZUGBLICK_TEST_MAIN(TestDirectLibrary)
